@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/schema/schema.h"
+#include "engine/sql/ast.h"
+
+/// What the binder makes of a select: names resolved, stored queries expanded, ready to be emitted as
+/// SQLite text in several shapes. Recordsets, action statements and criteria all start from a Plan.
+namespace engine::plan {
+
+/// Where names are looked up. `open` gives the catalogue of an IN "file" (attaching it on demand);
+/// `textSource` lets a name such as "words.txt" be read as a table, and may be empty.
+struct Context {
+  const schema::Catalog* file = nullptr;
+  std::function<const schema::Catalog&(const std::string& path)> open;
+  Interface way = Interface::first;
+};
+
+/// One base table in the emitted FROM.
+struct Source {
+  const schema::Catalog* file = nullptr;
+  const schema::Table* table = nullptr;
+  std::string alias;         ///< in emitted text; "<alias>.rowid" is the row's identity
+  bool outer = false;        ///< may be missing (null side of an outer join)
+};
+
+/// One column of the result.
+struct Output {
+  std::string name;          ///< "begriff", or "table.column" where the short name repeats
+  ColumnType type = ColumnType::text;
+  int size = 0;
+  std::string collation;     ///< SQLite collation name for text, else empty
+  int source = -1;           ///< index into Plan::sources when it is a plain base column, else -1
+  int column = -1;           ///< index into that table's columns
+};
+
+class Scope;  // the names that a criterion over the plan may use
+
+/// A bound select. Cheap to move, not to copy.
+struct Plan {
+  std::vector<Output> columns;
+  std::vector<Source> sources;            ///< base tables of the outermost FROM after expansion
+  std::vector<std::string> parameters;    ///< names in the order of SQLite's ?1, ?2, ...
+  std::vector<ColumnType> parameterTypes; ///< declared type, text where undeclared and unknown
+  /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,
+  /// DISTINCT, GROUP BY and aggregates, which are read-only.
+  bool keyed = false;
+  bool ordered = false;                   ///< has an ORDER BY (own or inherited)
+  std::shared_ptr<const Scope> scope;     ///< for bindCriterion and field names
+
+  // Emitted pieces, SQLite text without their keywords; empty where absent.
+  std::string selectList, from, where, groupBy, having, orderBy;
+  bool distinct = false;
+  std::optional<std::int64_t> limit;
+  std::string whole;                      ///< not keyed: the complete statement instead of the pieces
+};
+
+/// Binds a select (with its UNION arms and stored queries). Throws 3078 for a missing table, 3061-free:
+/// unknown names become parameters; 3075 for what can not be meant.
+Plan bind(const sql::Statement& statement, const Context& context);
+
+/// The field that a caller means by a name in any of its four forms; throws 3265.
+std::size_t fieldIndex(const Plan& plan, std::string_view name);
+
+/// A condition bound over the plan's columns and sources, as SQLite text for a WHERE. For a keyed plan
+/// it speaks of the sources, else of the result columns as `q.<n>`. Throws 3070 for an unknown name.
+std::string bindCriterion(const Plan& plan, const sql::Expr& condition, const Context& context);
+
+// Statements in the shapes that callers need. `extraWhere` is SQLite text to be joined with AND.
+/// The result's columns, in order.
+std::string emitRows(const Plan& plan, const std::string& extraWhere = {});
+/// The sources' rowids only, in the result's order (keyed plans).
+std::string emitKeys(const Plan& plan, const std::string& extraWhere = {}, bool backwards = false);
+/// The sources' rowids followed by the result's columns, in order (keyed plans).
+std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere = {});
+/// The result's columns of one row, told by rowids bound to ?<n+1>.. behind the n parameters
+/// (a rowid may be bound to Null).
+std::string emitRowByKey(const Plan& plan);
+/// The number of rows.
+std::string emitCount(const Plan& plan, const std::string& extraWhere = {});
+
+/// An action statement, bound: which rows of which table get which values.
+struct Action {
+  sql::StatementKind kind = sql::StatementKind::update;
+  const schema::Catalog* file = nullptr;   ///< of the target
+  const schema::Table* table = nullptr;    ///< null for a table that SELECT INTO makes
+  std::string newTable;
+  std::vector<int> targets;                ///< columns of `table` that rows.columns fill, in order
+  /// insert: the values; update: rowid, then the new values; remove: the rowids alone.
+  /// A single-row INSERT ... VALUES has a plan without sources.
+  Plan rows;
+  bool singleRow = false;                  ///< INSERT ... VALUES: raises instead of skipping
+};
+Action bindAction(const sql::Statement& statement, const Context& context);
+
+}  // namespace engine::plan
