@@ -1,19 +1,23 @@
-# vocarium_layer(name folder DEPENDS targets...)
+# vocarium_layer(name folder [FLAT] DEPENDS targets...)
 #
-# One layer of the program: every .cpp below `folder` becomes the target vocarium::name. Its headers
+# One layer of the program: every .cpp below `folder` (FLAT: directly in it) becomes the target vocarium::name. Its headers
 # are found as "<folder below src>/file.h" and only by targets that link the layer: each layer has an
 # include root of its own that holds nothing but a link to its folder, so an upward include does not
 # compile. A layer without sources yet is an interface target. src/cli holds the program's main and
 # becomes the executable vocarium-cli beside its library.
 function(vocarium_layer name folder)
-  cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "FLAT" "" "DEPENDS" ${ARGN})
   string(REGEX REPLACE "^src/" "" below ${folder})
   set(root ${CMAKE_BINARY_DIR}/layers/${name})
   get_filename_component(parent ${root}/${below} DIRECTORY)
   file(MAKE_DIRECTORY ${parent})
   file(CREATE_LINK ${CMAKE_SOURCE_DIR}/${folder} ${root}/${below} SYMBOLIC)
 
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  if(ARG_FLAT)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  else()
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+  endif()
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(sources)
     add_library(vocarium_${name} STATIC ${sources})

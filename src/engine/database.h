@@ -7,7 +7,7 @@
 
 #include "engine/definitions.h"
 #include "engine/recordset.h"
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 namespace engine {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "engine/recordset.h"
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 namespace engine {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 namespace engine {
 

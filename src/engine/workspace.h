@@ -5,7 +5,7 @@
 #include <string>
 
 #include "engine/database.h"
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 namespace engine {
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 /// The definitions that a file holds, as plain data, and the one question the binder asks of them.
 namespace engine::schema {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 /// The tree of one statement of the dialect. Plain data; every node knows its place in the text.
 /// Printing a tree and parsing the print gives the same tree (places aside).

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -8,7 +8,7 @@
 
 #include "engine/schema/schema.h"
 #include "engine/storage/statement.h"
-#include "engine/types.h"
+#include "engine/types/types.h"
 
 namespace engine::storage {
 
