@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <map>
-#include <mutex>
 #include <string>
 #include <string_view>
 

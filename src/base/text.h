@@ -25,12 +25,13 @@ bool equalsIgnoreCase(std::string_view a, std::string_view b);
 /// Without blanks (only U+0020) at both ends.
 std::string trim(std::string_view text);
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view by);
+/// The parts between the separators; an empty text is one empty part.
 std::vector<std::string> split(std::string_view text, std::string_view separator);
 /// The code points as one string each.
 std::vector<std::string> characters(std::string_view text);
 /// Text of one of the named character sets ("windows-1252", "UTF-16LE", ...) as UTF-8 and back.
 /// Throws Error 5 for an unknown set or for bytes that are none of it; what the set can not express
-/// becomes "?".
+/// becomes "?". A byte order mark stays in the text as U+FEFF, except that "UTF-16" and "UTF-32" use it up.
 std::string toUtf8(std::string_view bytes, const std::string& charset);
 std::string fromUtf8(std::string_view text, const std::string& charset);
 
