@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/schema/schema.h"
+
+struct sqlite3;
+
+/// The hidden tables of a file and their content as plain data.
+///
+/// Every definition stands in tables of the file itself, named "vc$...": vc$file (key, value), vc$table,
+/// vc$column, vc$index, vc$query, vc$relation, vc$property, vc$permission, vc$watch. SQLite's own schema
+/// repeats only what it needs to store rows and to enforce keys and relations.
+namespace engine::storage {
+
+/// Raised when a file's hidden tables or the form of its rows change; a file of a later number is refused.
+inline constexpr int formatVersion = 1;
+
+struct RelationRecord {
+  std::string name, table, foreignTable, field, foreignField;
+  std::int32_t attributes = 0;  ///< 256 update cascade, 4096 delete cascade
+};
+
+/// A property of a field that the engine stores and does not heed.
+struct PropertyRecord {
+  std::string table, field, name, value;
+};
+
+struct PermissionRecord {
+  std::string container, document, user;
+  std::int32_t permissions = 0;
+};
+
+/// Rows of a table that meet a condition are kept in an index of their own.
+struct WatchRecord {
+  std::string table;
+  std::string condition;  ///< of the dialect, as it was given
+  std::string text;       ///< the same for SQLite, column names bare and quoted
+};
+
+/// All that the hidden tables hold.
+struct CatalogData {
+  int format = formatVersion;
+  std::string locale;                 ///< connect string
+  std::string collation;              ///< "vc_0407"
+  std::string collationVersion;       ///< of ICU when the indexes were made
+  std::int64_t counter = 0;           ///< raised with every change of a definition
+  std::string compaction;             ///< stamp of the last compaction; empty when there was none
+  std::string user;                   ///< owner
+  std::vector<schema::Table> tables;  ///< in the order of creation, as are the next
+  std::vector<schema::StoredQuery> queries;
+  std::vector<RelationRecord> relations;
+  std::vector<PropertyRecord> properties;
+  std::vector<PermissionRecord> permissions;
+  std::vector<WatchRecord> watches;
+};
+
+/// Makes the hidden tables in an empty attached file.
+void createCatalog(sqlite3* connection, const std::string& schemaName);
+/// Throws 3343 when the hidden tables are missing, damaged, or of a later program.
+CatalogData readCatalog(sqlite3* connection, const std::string& schemaName);
+/// Replaces the content of the hidden tables by `data`.
+void writeCatalog(sqlite3* connection, const std::string& schemaName, const CatalogData& data);
+
+// Statements that make what `data` describes, for SQLite, in `schemaName`.
+/// CREATE TABLE with declared types, collations, counter and foreign keys.
+std::string tableStatement(const CatalogData& data, const schema::Table& table,
+                           const std::string& schemaName);
+/// CREATE INDEX for each declared index, each child column of a relation and each watch of the table. They
+/// may run before or behind the copying of rows; a parent's unique index has to stand before rows of its
+/// children are written with foreign keys on.
+std::vector<std::string> indexStatements(const CatalogData& data, const schema::Table& table,
+                                         const std::string& schemaName);
+/// SQLite's name of a declared index: its names repeat across tables.
+std::string indexName(const schema::Table& table, const schema::Index& index);
+
+}  // namespace engine::storage
