@@ -40,12 +40,20 @@ struct Output {
   int column = -1;           ///< index into that table's columns
 };
 
+/// Two base columns that the joins of a plan set equal ("a.id = b.id" in ON or, for comma joins, in WHERE):
+/// how a new row of one table finds or gets its row of the other.
+struct Link {
+  int source = 0, column = 0;            ///< index into Plan::sources and of the column in its table
+  int otherSource = 0, otherColumn = 0;
+};
+
 class Scope;  // the names that a criterion over the plan may use
 
 /// A bound select. Cheap to move, not to copy.
 struct Plan {
   std::vector<Output> columns;
   std::vector<Source> sources;            ///< base tables of the outermost FROM after expansion
+  std::vector<Link> links;                ///< between two different sources (keyed plans)
   std::vector<std::string> parameters;    ///< names in the order of SQLite's ?1, ?2, ...
   std::vector<ColumnType> parameterTypes; ///< declared type, text where undeclared and unknown
   /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,

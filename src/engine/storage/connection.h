@@ -7,6 +7,7 @@
 
 #include "engine/file/vfs.h"
 #include "engine/schema/schema.h"
+#include "engine/storage/readers.h"
 #include "engine/storage/statement.h"
 
 struct sqlite3;
@@ -60,8 +61,11 @@ class Connection {
   /// A statement by its text, prepared once.
   StatementLease statement(std::string_view text);
 
-  /// To be called before each write to a file: opens the gathered transaction and takes the file's write
-  /// lock. Throws 3027 for a file that is read-only, 3260 when another process keeps it locked.
+  /// Who reads through open statements; told to leave by beforeWrite(), rollback() and each detach.
+  Readers& readers() const;
+
+  /// To be called before each write to a file: dismisses the readers, opens the gathered transaction and
+  /// takes the file's write lock. Throws 3027 for a file that is read-only, 3260 when another process keeps it locked.
   void beforeWrite(AttachedFile& file);
   /// Commits what was gathered, outside the caller's transaction, and detaches files without users.
   void idle();
