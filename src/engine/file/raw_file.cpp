@@ -1,0 +1,45 @@
+#include <sqlite3.h>
+
+#include "engine/file/probe.h"
+#include "engine/types/types.h"
+
+namespace engine::file {
+
+sqlite3_vfs* systemLayer() {
+  sqlite3_vfs* layer = sqlite3_vfs_find("unix");
+  if (layer == nullptr) throw Error(errors::permissionDenied, "The database library has no file access.");
+  return layer;
+}
+
+RawFile::RawFile(const std::string& path, Part part) {
+  sqlite3_vfs* layer = systemLayer();
+  object_ = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(layer->szOsFile));
+  const char* suffix = part == Part::log ? "-wal" : part == Part::journal ? "-journal" : "";
+  const int type = part == Part::log       ? SQLITE_OPEN_WAL
+                   : part == Part::journal ? SQLITE_OPEN_MAIN_JOURNAL
+                                           : SQLITE_OPEN_MAIN_DB;
+  name_ = const_cast<char*>(sqlite3_create_filename((path + suffix).c_str(), "", "", 0, nullptr));
+  int flags = 0;
+  code_ = name_ == nullptr ? SQLITE_NOMEM
+                           : layer->xOpen(layer, name_, handle(), type | SQLITE_OPEN_READONLY, &flags);
+}
+
+RawFile::~RawFile() {
+  if (handle()->pMethods != nullptr) handle()->pMethods->xClose(handle());
+  sqlite3_free_filename(name_);
+}
+
+sqlite3_file* RawFile::handle() const {
+  return reinterpret_cast<sqlite3_file*>(object_.get());
+}
+
+std::int64_t RawFile::size() const {
+  sqlite3_int64 size = 0;
+  return isOpen() && handle()->pMethods->xFileSize(handle(), &size) == SQLITE_OK ? size : 0;
+}
+
+bool RawFile::read(void* to, int size, std::int64_t offset) const {
+  return isOpen() && handle()->pMethods->xRead(handle(), to, size, offset) == SQLITE_OK;
+}
+
+}  // namespace engine::file
