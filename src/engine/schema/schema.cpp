@@ -1,37 +1,39 @@
 #include "engine/schema/schema.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 
 namespace engine::schema {
 
 int Table::find(std::string_view column) const {
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (base::equalsIgnoreCase(columns[i].name, column)) return static_cast<int>(i);
-  }
-  return -1;
+  const auto found = std::find_if(columns.begin(), columns.end(),
+                                  [&](const Column& c) { return base::equalsIgnoreCase(c.name, column); });
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
 const Index* Table::primaryKey() const {
-  for (const Index& index : indexes) {
-    if (index.primary) return &index;
-  }
-  return nullptr;
+  const auto found =
+      std::find_if(indexes.begin(), indexes.end(), [](const Index& index) { return index.primary; });
+  return found == indexes.end() ? nullptr : &*found;
 }
 
 int Table::counter() const {
-  for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i].type == ColumnType::counter) return static_cast<int>(i);
-  }
-  return -1;
+  const auto found = std::find_if(columns.begin(), columns.end(),
+                                  [](const Column& c) { return c.type == ColumnType::counter; });
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
 }
 
 std::string quoteName(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name) {
+  std::string quoted;
+  quoted.reserve(name.size() + 2);
+  quoted += '"';
+  for (char c : name) {
     if (c == '"') quoted += '"';
     quoted += c;
   }
-  return quoted + '"';
+  quoted += '"';
+  return quoted;
 }
 
 }  // namespace engine::schema
