@@ -69,7 +69,6 @@ TEST(Refusals, CoverAllThatIsNotTheDialect) {
                            "attach 'x' as y",
                            "pragma key",
                            "select a from t where a = ?1",
-                           "select 1 -- comment",
                            "select /* x */ 1",
                            "select a from t in t2",
                            "select a from t in ''",
