@@ -6,7 +6,7 @@ using namespace rawdb;
 using engine::file::Credential;
 
 TEST(Opening, RowsComeBackInBothJournalModes) {
-  const Folder folder;
+  const test::TempDir folder;
   for (const std::string mode : {"WAL", "DELETE"}) {
     const std::string path = folder / (mode + ".cvb");
     makeWords(path, 1000, mode);
@@ -19,7 +19,7 @@ TEST(Opening, RowsComeBackInBothJournalModes) {
 }
 
 TEST(Opening, EachKindOfUnusableFileHasItsOwnError) {
-  const Folder folder;
+  const test::TempDir folder;
   const std::string good = folder / "good.cvb";
   makeWords(good, 300);
   const std::string bytes = contents(good);
@@ -58,7 +58,7 @@ TEST(Opening, EachKindOfUnusableFileHasItsOwnError) {
 }
 
 TEST(Opening, AnOwnPasswordIsTakenAsSuchWhateverTheCallerSaysOfIt) {
-  const Folder folder;
+  const test::TempDir folder;
   const std::string path = folder / "own.cvb";
   makeWords(path, 10, "WAL", {"Anna", "a secret of mine", true});
   EXPECT_EQ(contents(path).substr(0, 4), std::string("VOC\x02"));
@@ -69,7 +69,7 @@ TEST(Opening, AnOwnPasswordIsTakenAsSuchWhateverTheCallerSaysOfIt) {
 }
 
 TEST(Opening, AWrongCredentialNeitherOpensNorHarmsTheLog) {
-  const Folder folder;
+  const test::TempDir folder;
   const std::string path = folder / "words.cvb", copy = folder / "copy.cvb";
   {
     Connection writer(path);
@@ -90,14 +90,14 @@ TEST(Opening, AWrongCredentialNeitherOpensNorHarmsTheLog) {
 }
 
 TEST(Opening, WithoutALeaseNothingOpens) {
-  const Folder folder;
+  const test::TempDir folder;
   makeWords(folder / "words.cvb", 10);
   Connection connection(folder / "other.cvb");
   EXPECT_NE(connection.run("ATTACH '" + (folder / "words.cvb") + "' AS w"), SQLITE_OK);
 }
 
 TEST(Opening, FilesUnderDifferentCredentialsWorkSideBySide) {
-  const Folder folder;
+  const test::TempDir folder;
   const Credential anna{"Anna", "one", false}, bert{"Bert", "two", false};
   makeWords(folder / "a.cvb", 50, "WAL", anna);
   makeWords(folder / "b.cvb", 70, "WAL", bert);

@@ -12,26 +12,12 @@
 
 #include "base/error.h"
 #include "engine/file/vfs.h"
+#include "support/temp_dir.h"
 
 /// SQLite over the encrypted layer without the engine above it, and the means to do damage.
 namespace rawdb {
 
 inline const engine::file::Credential owner{"VocariumUser", "built-in", false};
-
-/// A folder that dies with the test.
-class Folder {
- public:
-  Folder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "vocfile-XXXXXX").string();
-    path_ = std::filesystem::canonical(::mkdtemp(pattern.data()));
-  }
-  ~Folder() { std::filesystem::remove_all(path_); }
-  std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
 
 /// A connection with one file attached as "d".
 class Connection {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+/// Putting a new file in an old one's place, so that a kill or a power loss leaves the one or the other.
+/// None of the files may be open in this process.
+namespace engine::file {
+
+/// The name of a file in the making beside `path` ("WORDS.CVB~compact"). Only who has the file to itself
+/// may use it; what an earlier, killed run left under it is removed with removeFile().
+std::string siblingName(const std::string& path, const std::string& purpose);
+/// Removes a file and SQLite's -wal, -shm and -journal beside it, where they exist. Throws 70, 61.
+void removeFile(const std::string& path);
+/// Brings the content of a file to the disk; SQLite does not for a file it closes. Throws 61, 70, 53.
+void syncFile(const std::string& path);
+/// Brings the names in a file's folder to the disk.
+void syncFolderOf(const std::string& path);
+/// Renames `sibling` over `path`: synced before, the folder after, nothing of the old log left. Throws
+/// 3045, with the old file in place, when someone opened that meanwhile and left a log.
+void replaceBy(const std::string& path, const std::string& sibling);
+/// Gives the file at `path` a second, unused name that tells what it is ("WORDS_damaged.CVB",
+/// "WORDS_damaged2.CVB" ...), and its log and journal too; returns that. The file stays at `path` as well.
+std::string keepAside(const std::string& path, const std::string& what);
+
+/// Throws the Error for an errno of a file operation: 61, 70, 53, 3044.
+[[noreturn]] void raiseSystem(int code, const std::string& doing, const std::string& path);
+
+}  // namespace engine::file
