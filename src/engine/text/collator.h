@@ -1,0 +1,50 @@
+#pragma once
+
+#include <unicode/ucol.h>
+
+#include <array>
+#include <bitset>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace engine::text {
+
+/// One locale's order of texts, by ICU at secondary strength, with a table for plain ASCII that gives the
+/// same results. Immutable once made, so threads may share it.
+class Collator {
+ public:
+  /// Throws Error 5 when `collation` is not "vc_" and four hexadecimal digits of a LANGID ICU knows.
+  explicit Collator(const std::string& collation);
+
+  int compare(std::string_view a, std::string_view b) const;
+  /// Turkish and Azeri pair i with İ and ı with I.
+  bool dottedI() const { return dottedI_; }
+  /// Whether a text that begins with `character` may sort elsewhere than between that character and the
+  /// next one, because what follows melts into it (Czech "c" and "h").
+  bool mayContract(char32_t character) const;
+  std::string version() const;
+
+ private:
+  struct Close {
+    void operator()(UCollator* collator) const { ucol_close(collator); }
+    void operator()(USet* set) const;
+  };
+
+  void buildAsciiTable();
+  void readContractions();
+
+  std::unique_ptr<UCollator, Close> collator_;
+  std::unique_ptr<USet, Close> contractionStarts_;
+  bool dottedI_ = false;
+  /// Rank of an ASCII character among the others, equal where case alone differs; 0 leaves it to ICU.
+  std::array<std::uint8_t, 128> rank_{};
+  std::array<bool, 128> startsPair_{};
+  std::bitset<128 * 128> pairs_;  ///< first two characters of a contraction
+};
+
+/// The collator of a collation, kept for the process.
+std::shared_ptr<const Collator> collator(const std::string& collation);
+
+}  // namespace engine::text
