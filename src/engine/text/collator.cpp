@@ -1,5 +1,6 @@
 #include "engine/text/collator.h"
 
+#include <unicode/uchar.h>
 #include <unicode/uloc.h>
 #include <unicode/uset.h>
 
@@ -169,8 +170,19 @@ void Collator::buildAsciiTable() {
   ucol_setStrength(collator_.get(), UCOL_SECONDARY);
 }
 
-bool Collator::mayContract(char32_t character) const {
-  return uset_contains(contractionStarts_.get(), static_cast<UChar32>(character)) != 0;
+bool Collator::mayContract(char32_t character, char32_t next) const {
+  if (character >= 128 || next >= 128) {
+    const auto starts = [this](UChar32 c) { return uset_contains(contractionStarts_.get(), c) != 0; };
+    const auto c = static_cast<UChar32>(character);
+    return starts(c) || starts(u_toupper(c)) || starts(u_tolower(c));
+  }
+  const auto letter = static_cast<UChar32>(character), follower = static_cast<UChar32>(next);
+  for (const UChar32 a : {u_toupper(letter), u_tolower(letter)}) {
+    for (const UChar32 b : {u_toupper(follower), u_tolower(follower)}) {
+      if (pairs_.test(pairIndex(static_cast<char>(a), static_cast<char>(b)))) return true;
+    }
+  }
+  return false;
 }
 
 int Collator::compare(std::string_view a, std::string_view b) const {

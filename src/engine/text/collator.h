@@ -21,9 +21,9 @@ class Collator {
   int compare(std::string_view a, std::string_view b) const;
   /// Turkish and Azeri pair i with İ and ı with I.
   bool dottedI() const { return dottedI_; }
-  /// Whether a text that begins with `character` may sort elsewhere than between that character and the
-  /// next one, because what follows melts into it (Czech "c" and "h").
-  bool mayContract(char32_t character) const;
+  /// Whether a character, in either case, may melt with the one behind it and then sort elsewhere than on
+  /// its own (Czech "c" and "h"). A follower that is not ASCII counts as one that may.
+  bool mayContract(char32_t character, char32_t next) const;
   std::string version() const;
 
  private:

@@ -10,7 +10,9 @@ namespace {
 
 using base::DateTime;
 
+// A time without a date stands on the first day of the calendar.
 std::optional<DateTime> timeAlone(const std::string& text) {
+  if (text.find(':') == std::string::npos) return std::nullopt;
   return DateTime::fromText("30.12.1899 " + base::trim(text));
 }
 

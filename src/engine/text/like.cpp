@@ -32,9 +32,9 @@ char32_t LikePattern::fold(char32_t c) const {
     if (c == U'ı') return c;
   }
   if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
-  // The combining iota folds to a letter that it does not sort as.
-  if (c == 0x345) return c;
-  return static_cast<char32_t>(u_foldCase(u_toupper(static_cast<UChar32>(c)), U_FOLD_CASE_DEFAULT));
+  // These fold to letters that they do not sort as: the combining iota, the long s, plain and with a dot.
+  if (c == 0x345 || c == 0x17F || c == 0x1E9B) return c;
+  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
 }
 
 LikePattern::LikePattern(std::string_view pattern, int interfaceNumber,
@@ -158,8 +158,13 @@ std::optional<std::pair<std::string, std::string>> LikePattern::bounds() const {
     if (token.kind != Kind::letter || token.folded >= firstWideScript) break;
     prefix += token.folded;
   }
-  // Behind a letter that may melt with what follows, the text can sort anywhere.
-  while (!prefix.empty() && collator_->mayContract(prefix.back())) prefix.pop_back();
+  // What may melt with its follower sorts anywhere, and in another place for another case ("zs", "zS").
+  for (std::size_t i = 0; i < prefix.size(); ++i) {
+    const char32_t next = i + 1 < prefix.size() ? prefix[i + 1] : base::invalidCodePoint;
+    if (collator_->mayContract(prefix[i], next)) prefix.resize(i);
+  }
+  // A combining mark may change places with one behind it.
+  while (!prefix.empty() && u_getCombiningClass(static_cast<UChar32>(prefix.back())) != 0) prefix.pop_back();
   if (prefix.empty()) return std::nullopt;
   std::string low;
   for (const char32_t c : prefix) base::appendCodePoint(low, c);
