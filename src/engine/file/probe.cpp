@@ -21,6 +21,11 @@ bool readAll(sqlite3_file* open, void* to, int size, std::int64_t offset) {
   return open->pMethods->xRead(open, to, size, offset) == SQLITE_OK;
 }
 
+bool bearsSalt(sqlite3_file* open, std::int64_t offset, const Salt& salt) {
+  Salt there;
+  return readAll(open, there.data(), saltBytes, offset) && there == salt;
+}
+
 struct Sample {
   Domain domain;
   std::uint32_t number;
@@ -107,13 +112,13 @@ Probe probe(sqlite3_file* open, const std::string& path, const Credential& crede
   PageBuffer first{};
   const bool sound = size % pageSize == 0 && size > 0 && readAll(open, first.data(), pageSize, 0) &&
                      takeFirstPage(first, credential, found);
-  if (sound && found.pagesByHeader <= size / pageSize) return found;
+  if (sound && found.pagesByHeader <= size / pageSize && bearsSalt(open, size - saltBytes, found.salt))
+    return found;
 
   std::vector<Sample> samples;
   sampleMainFile(open, size, samples);
   sampleBeside(path, RawFile::Part::log, samples, found.mayHeal);
   sampleBeside(path, RawFile::Part::journal, samples, found.mayHeal);
-  if (found.firstPageGood) return found;
   Salt salt;
   if (!electSalt(samples, salt)) {
     std::array<std::uint8_t, saltBytes> head{};  // cut off within page 1
@@ -124,6 +129,8 @@ Probe probe(sqlite3_file* open, const std::string& path, const Credential& crede
   if (!found.cipher || salt != found.salt) {
     found.salt = salt;
     found.hasSalt = true;
+    found.firstPageGood = found.anyPageGood = false;  // page 1 was another file's
+    found.pagesByHeader = 0;
     found.cipher = isKnownScheme(salt) ? deriveCipher(credential, salt) : nullptr;
   }
   if (!found.cipher) return found;

@@ -16,16 +16,20 @@ namespace {
 
 constexpr int pagesAtOnce = 64, retries = 3, retryPause = 20;  // pause in milliseconds
 
-// A page that another process is writing can be read half old, half new.
-bool opensWhenReadAgain(const RawFile& file, const PageCipher& cipher, std::uint32_t number) {
-  std::array<std::uint8_t, pageSize> page;
-  for (int i = 0; i < retries; ++i) {
-    if (i > 0) sqlite3_sleep(retryPause);
-    if (file.read(page.data(), pageSize, std::int64_t{number - 1} * pageSize) &&
-        cipher.open(Domain::mainFile, number, page.data()))
-      return true;
+// A page that another process is just writing can be read half old, half new; only who has a log or a
+// journal beside the file writes.
+void readBadAgain(const RawFile& file, const std::string& path, const PageCipher& cipher,
+                  std::vector<std::uint32_t>& bad) {
+  const auto written = [&](RawFile::Part part) { return RawFile(path, part).isOpen(); };
+  for (int i = 0; i < retries && !bad.empty(); ++i) {
+    if (!written(RawFile::Part::log) && !written(RawFile::Part::journal)) return;
+    sqlite3_sleep(retryPause);
+    std::erase_if(bad, [&](std::uint32_t number) {
+      std::array<std::uint8_t, pageSize> page;
+      return file.read(page.data(), pageSize, std::int64_t{number - 1} * pageSize) &&
+             cipher.open(Domain::mainFile, number, page.data());
+    });
   }
-  return false;
 }
 
 Probe probeOrThrow(const RawFile& file, const std::string& path, const Credential& credential) {
@@ -91,10 +95,11 @@ PageCheck verifyPages(const std::string& path, const Credential& credential,
       if (number == lockBytePage) continue;
       const bool good =
           read && found.cipher->open(Domain::mainFile, number, &buffer[std::size_t{i} * pageSize]);
-      if (!good && !opensWhenReadAgain(file, *found.cipher, number)) check.bad.push_back(number);
+      if (!good) check.bad.push_back(number);
     }
     if (progress) progress(static_cast<double>(start + count - 1) / check.pages);
   }
+  readBadAgain(file, path, *found.cipher, check.bad);
   return check;
 }
 
