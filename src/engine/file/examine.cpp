@@ -57,14 +57,8 @@ std::string unknownSchemeText(const std::string& path, int scheme) {
 void examine(const std::string& path, const Credential& credential) {
   mustBeReadable(path);
   const RawFile file(path, RawFile::Part::mainFile);
-  if (!file.isOpen()) throw Error(errors::permissionDenied, "The file " + path + " can not be read.");
-  mustNotBeLocked(file, path);
-  const Probe found = probe(file.handle(), path, credential);
-  if (!found.hasSalt) throw Error(errors::notADictionary, noDictionaryText(path));
-  if (!isKnownScheme(found.salt))
-    throw Error(errors::notADictionary, unknownSchemeText(path, schemeOf(found.salt)));
-  if (found.size < pageSize && !found.mayHeal) throw Error(errors::notADictionary, damagedText(path));
-  if (!found.anyPageGood) throw Error(errors::notADictionary, otherCredentialText(path));
+  if (file.isOpen()) mustNotBeLocked(file, path);
+  const Probe found = probeOrThrow(file, path, credential);
   if (found.mayHeal) return;
   if (!found.firstPageGood || found.size % pageSize != 0 || found.size / pageSize < found.pagesByHeader)
     throw Error(errors::notADictionary, damagedText(path));

@@ -1,10 +1,12 @@
 #include <sodium.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <mutex>
 #include <vector>
 
 #include "engine/file/keys.h"
+#include "engine/file/raw_file.h"
 
 namespace engine::file {
 
@@ -29,9 +31,17 @@ Registry& registry() {
   return theRegistry;
 }
 
+// SQLite resolves a path before it asks for it.
+std::string resolved(const std::string& path) {
+  sqlite3_vfs* layer = systemLayer();
+  std::vector<char> name(static_cast<std::size_t>(layer->mxPathname) + 1);
+  const int code = layer->xFullPathname(layer, path.c_str(), layer->mxPathname, name.data());
+  return code == SQLITE_OK || code == SQLITE_OK_SYMLINK ? name.data() : path;
+}
+
 }  // namespace
 
-KeyLease::KeyLease(std::string path, const Credential& credential) : path_(std::move(path)) {
+KeyLease::KeyLease(const std::string& path, const Credential& credential) : path_(resolved(path)) {
   Registry& all = registry();
   const std::lock_guard lock(all.guard);
   id_ = ++all.lastId;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/file/open_file.h"
+#include "engine/types/types.h"
 
 namespace engine::file {
 
@@ -142,6 +143,22 @@ Probe probe(sqlite3_file* open, const std::string& path, const Credential& crede
     found.firstPageGood = true;
     found.pagesByHeader = pagesByHeader(sample.page.data());
   }
+  return found;
+}
+
+Probe probeOrThrow(const RawFile& file, const std::string& path, const Credential& credential) {
+  if (!file.isOpen()) {
+    int exists = 0;
+    systemLayer()->xAccess(systemLayer(), path.c_str(), SQLITE_ACCESS_EXISTS, &exists);
+    if (exists == 0) throw Error(errors::fileNotFound, "The file " + path + " does not exist.");
+    throw Error(errors::permissionDenied, "The file " + path + " can not be read.");
+  }
+  Probe found = probe(file.handle(), path, credential);
+  if (!found.hasSalt) throw Error(errors::notADictionary, noDictionaryText(path));
+  if (!isKnownScheme(found.salt))
+    throw Error(errors::notADictionary, unknownSchemeText(path, schemeOf(found.salt)));
+  if (found.size < pageSize && !found.mayHeal) throw Error(errors::notADictionary, damagedText(path));
+  if (!found.anyPageGood) throw Error(errors::notADictionary, otherCredentialText(path));
   return found;
 }
 

@@ -1,6 +1,7 @@
+#include "engine/file/raw_file.h"
+
 #include <sqlite3.h>
 
-#include "engine/file/probe.h"
 #include "engine/types/types.h"
 
 namespace engine::file {

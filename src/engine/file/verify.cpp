@@ -6,6 +6,7 @@
 #include <cstring>
 #include <vector>
 
+#include "engine/file/log_scan.h"
 #include "engine/file/open_file.h"
 #include "engine/file/probe.h"
 #include "engine/types/types.h"
@@ -32,55 +33,12 @@ void readBadAgain(const RawFile& file, const std::string& path, const PageCipher
   }
 }
 
-Probe probeOrThrow(const RawFile& file, const std::string& path, const Credential& credential) {
-  Probe found = probe(file.handle(), path, credential);
-  if (!found.hasSalt) throw Error(errors::notADictionary, noDictionaryText(path));
-  if (!isKnownScheme(found.salt))
-    throw Error(errors::notADictionary, unknownSchemeText(path, schemeOf(found.salt)));
-  if (!found.anyPageGood) throw Error(errors::notADictionary, otherCredentialText(path));
-  return found;
-}
-
-const RawFile& mustOpen(const RawFile& file, const std::string& path) {
-  if (file.isOpen()) return file;
-  if (sqlite3_vfs* layer = systemLayer(); layer != nullptr) {
-    int exists = 0;
-    layer->xAccess(layer, path.c_str(), SQLITE_ACCESS_EXISTS, &exists);
-    if (exists == 0) throw Error(errors::fileNotFound, "The file " + path + " does not exist.");
-  }
-  throw Error(errors::permissionDenied, "The file " + path + " can not be read.");
-}
-
-// The running checksum of SQLite's log format: two sums over pairs of 32-bit words.
-struct LogSum {
-  bool bigEndianWords = false;
-  std::uint32_t first = 0, second = 0;
-
-  std::uint32_t word(const std::uint8_t* bytes) const {
-    if (bigEndianWords) return bigEndian(bytes);
-    return std::uint32_t{bytes[3]} << 24 | std::uint32_t{bytes[2]} << 16 | std::uint32_t{bytes[1]} << 8 |
-           bytes[0];
-  }
-  void add(const std::uint8_t* bytes, int size) {
-    for (int i = 0; i < size; i += 8) {
-      first += word(bytes + i) + second;
-      second += word(bytes + i + 4) + first;
-    }
-  }
-  bool equals(const std::uint8_t* stored) const {
-    return bigEndian(stored) == first && bigEndian(stored + 4) == second;
-  }
-};
-
-constexpr int headerSalts = 16, headerSum = 24, frameSalts = 8, frameSum = 16, logSaltBytes = 8;
-constexpr std::uint32_t logMagic = 0x377f0682;  // its lowest bit tells the order of the checksum's words
-
 }  // namespace
 
 PageCheck verifyPages(const std::string& path, const Credential& credential,
                       const std::function<void(double)>& progress) {
   const RawFile file(path, RawFile::Part::mainFile);
-  const Probe found = probeOrThrow(mustOpen(file, path), path, credential);
+  const Probe found = probeOrThrow(file, path, credential);
   PageCheck check;
   check.pages = static_cast<std::uint32_t>(found.size / pageSize);
   check.expected = found.pagesByHeader;
@@ -105,33 +63,14 @@ PageCheck verifyPages(const std::string& path, const Credential& credential,
 
 LogCheck verifyLog(const std::string& path, const Credential& credential) {
   const RawFile file(path, RawFile::Part::mainFile);
-  const Probe found = probeOrThrow(mustOpen(file, path), path, credential);
+  const Probe found = probeOrThrow(file, path, credential);
   const RawFile log(path, RawFile::Part::log);
   LogCheck check;
-  std::array<std::uint8_t, logHeaderBytes> header;
-  if (!log.isOpen() || !log.read(header.data(), logHeaderBytes, 0)) return check;
-  LogSum sum{(bigEndian(header.data()) & 1) != 0};
-  sum.add(header.data(), headerSum);
-  bool inOrder = (bigEndian(header.data()) & ~1U) == logMagic && sum.equals(&header[headerSum]);
-  bool saltsKnown = inOrder;
-  std::array<std::uint8_t, frameBytes> frame;
-  for (std::int64_t at = logHeaderBytes; log.read(frame.data(), frameBytes, at); at += frameBytes) {
-    const bool shown = found.cipher->showBlock(&frame[frameSalts]);
-    const bool authentic = found.cipher->open(Domain::log, bigEndian(frame.data()), &frame[frameHeaderBytes]);
-    if (authentic && !saltsKnown) {  // the log's own header is damaged: its first frame tells
-      std::memcpy(&header[headerSalts], &frame[frameSalts], logSaltBytes);
-      saltsKnown = true;
-    }
-    const bool ours =
-        shown && authentic && std::memcmp(&frame[frameSalts], &header[headerSalts], logSaltBytes) == 0;
-    if (inOrder) {
-      sum.add(frame.data(), frameSalts);
-      sum.add(&frame[frameHeaderBytes], pageSize);
-      inOrder = ours && sum.equals(&frame[frameSum]);
-    }
-    if (inOrder)
+  if (!log.isOpen()) return check;
+  for (LogScan frames(log, *found.cipher); frames.next();) {
+    if (frames.valid())
       ++check.valid;
-    else if (ours)
+    else if (frames.ours())
       ++check.behind;
   }
   return check;

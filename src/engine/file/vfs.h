@@ -10,6 +10,9 @@ struct sqlite3;
 /// Paths are absolute and resolved. No file that SQLite has open in this process may be opened and closed
 /// by other means (std::fstream, cp in-process ...): the close would drop SQLite's POSIX locks. All
 /// functions here read through SQLite's own layer, which knows of that.
+///
+/// A connection should itself be opened with the layer's name and keep temporary content in memory (PRAGMA
+/// temp_store=MEMORY): the layer refuses temporary files, the system's writes them in plain text.
 namespace engine::file {
 
 inline constexpr int pageSize = 4096;
@@ -30,7 +33,7 @@ void registerLayer();
 /// several leases for one path the latest counts.
 class KeyLease {
  public:
-  KeyLease(std::string path, const Credential& credential);
+  KeyLease(const std::string& path, const Credential& credential);
   ~KeyLease();
   KeyLease(const KeyLease&) = delete;
   KeyLease& operator=(const KeyLease&) = delete;
