@@ -12,7 +12,7 @@ namespace engine {
 enum class RecordsetKind { table, dynaset, snapshot };
 
 struct FieldInfo {
-  std::string name;          ///< as callers see it; "table.column" where two columns share a name
+  std::string name;  ///< as callers see it; "table.column" where two columns share a name
   ColumnType type = ColumnType::text;
   int size = 0;
   std::string sourceTable, sourceField;  ///< empty for computed columns
@@ -38,7 +38,7 @@ class Recordset {
   /// The current row's value, or the value set so far while adding or editing.
   Value value(std::size_t field) const;
   Value operator[](const std::string& name) const { return value(field(name)); }
-  void set(std::size_t field, const Value& value);   ///< only between AddNew or Edit and Update; throws 3020
+  void set(std::size_t field, const Value& value);  ///< only between AddNew or Edit and Update; throws 3020
   void set(const std::string& name, const Value& value) { set(field(name), value); }
 
   bool EndOfFile() const;
@@ -51,7 +51,7 @@ class Recordset {
   /// Rows reached so far, at least 1 on a set that has any, exact after MoveLast; exact at once on a
   /// table-type set and on the second interface.
   std::int64_t RecordCount() const;
-  std::int64_t AbsolutePosition() const;             ///< from 0; -1 without a current row
+  std::int64_t AbsolutePosition() const;  ///< from 0; -1 without a current row
   void setAbsolutePosition(std::int64_t position);
   /// An opaque mark of the current row, good for this set while it is open.
   std::string Bookmark() const;
