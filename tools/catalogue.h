@@ -20,9 +20,11 @@ struct Text {
 struct Kind {
   const char* name;
   const char* table;
+  bool bilingual =
+      true;  ///< printed texts exist in German only; their English column is a help for the reader
 };
 inline constexpr Kind kinds[] = {
-    {"menu", "MenuTxt"}, {"label", "labelTxt"}, {"dialog", "DialogTxt"}, {"print", "PrintTxt"}};
+    {"menu", "MenuTxt"}, {"label", "labelTxt"}, {"dialog", "DialogTxt"}, {"print", "PrintTxt", false}};
 
 /// Reads data/catalogue/<name>.tsv; the text at index n stands at position n. Throws std::runtime_error with
 /// file and line for a gap, a repeated or malformed key, a key without texts, texts without a key, an
