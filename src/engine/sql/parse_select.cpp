@@ -56,8 +56,6 @@ void Parser::selectHead(Select& into) {
     into.distinct = Distinct::values;
   else if (takeWord("DISTINCTROW"))
     into.distinct = Distinct::rows;
-  else if (atWord("ALL") && !atSymbol(".", 1) && !atSymbol(",", 1) && !atWord("FROM", 1))
-    take();
   if (atWord("TOP") && peek(1).kind == TokenKind::number) {
     take();
     const Token& count = take();
