@@ -20,8 +20,8 @@ class Database {
   bool isOpen() const { return impl_ != nullptr; }
   void Close();  ///< gives up this handle; the file closes with the last handle and recordset
 
-  std::string Name() const;     ///< full path as it was opened
-  std::string locale() const;   ///< the connect string it was created or compacted with
+  std::string Name() const;    ///< full path as it was opened
+  std::string locale() const;  ///< the connect string it was created or compacted with
   bool readOnly() const;
 
   /// Opens a table, a stored query or a statement of the dialect. Parameters that the text needs and
@@ -35,10 +35,10 @@ class Database {
   /// Adds a stored query with exactly this text; throws 3012 or 3010 when the name is taken, 3075 when
   /// the text is no statement.
   QueryDef CreateQueryDef(const std::string& name, const std::string& text);
-  QueryDef queryDef(const std::string& name);                ///< throws 3265
-  std::vector<std::string> queryNames() const;               ///< in the order of creation
-  TableDef tableDef(const std::string& name);                ///< throws 3265
-  std::vector<std::string> tableNames() const;               ///< in the order of creation
+  QueryDef queryDef(const std::string& name);   ///< throws 3265
+  std::vector<std::string> queryNames() const;  ///< in the order of creation
+  TableDef tableDef(const std::string& name);   ///< throws 3265
+  std::vector<std::string> tableNames() const;  ///< in the order of creation
   /// Adds the relation and enforces it from now on; both tables may hold rows that obey it.
   void appendRelation(const Relation& relation);
   std::vector<Relation> relations() const;

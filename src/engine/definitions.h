@@ -16,8 +16,8 @@ class DatabaseImpl;
 class QueryDef {
  public:
   const std::string& Name() const { return name_; }
-  std::string SQL() const;                   ///< the text exactly as stored
-  void setSQL(const std::string& text);      ///< replaces it; kept in memory when the file is read-only
+  std::string SQL() const;               ///< the text exactly as stored
+  void setSQL(const std::string& text);  ///< replaces it; kept in memory when the file is read-only
   /// Names of the parameters the text needs, declared ones first, in order of appearance.
   std::vector<std::string> parameterNames() const;
   void setParameter(const std::string& name, Value value);  ///< throws 3265 for a name it does not need
@@ -35,7 +35,7 @@ class QueryDef {
 struct FieldDef {
   std::string name;
   ColumnType type = ColumnType::text;
-  int size = 0;                     ///< characters for text, else 0
+  int size = 0;  ///< characters for text, else 0
   bool required = false;
   bool allowZeroLength = false;
 };
@@ -57,6 +57,11 @@ class TableDef {
   /// Adds a property of our own to a field, as text; throws 3265 for an unknown field.
   void appendFieldProperty(const std::string& field, const std::string& property, const std::string& value);
   std::string fieldProperty(const std::string& field, const std::string& property) const;  ///< throws 3265
+
+  /// Keeps the rows that meet a condition of the dialect over the table's own fields ("ebene = 0",
+  /// "isnull(sortbegriff)") in an index of their own, so that a select or a Find with just this condition
+  /// reads those rows alone. Meant for conditions that few rows meet. Harmless when it is watched already.
+  void watch(const std::string& condition);
 
   TableDef(std::shared_ptr<DatabaseImpl> database, std::string name);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <list>
 #include <map>
 #include <memory>
 #include <string>
@@ -17,17 +18,26 @@
 namespace engine {
 
 /// The connection of a workspace; lives as long as any handle made from it.
-struct WorkspaceCore {
-  explicit WorkspaceCore(const Login& who);
-  Login login;
-  base::Paths paths;
-  storage::Connection connection;
+class WorkspaceCore {
+ public:
+  explicit WorkspaceCore(const Login& login);
+  ~WorkspaceCore();  ///< commits what was gathered, as far as it can be
+  WorkspaceCore(const WorkspaceCore&) = delete;
+  WorkspaceCore& operator=(const WorkspaceCore&) = delete;
+
+  storage::Connection& connection() { return connection_; }
+  /// Opens the file of a path in any case, or shares it when it is open.
+  std::shared_ptr<storage::AttachedFile> attach(const std::string& path, bool exclusive, bool readOnly);
+  /// The file's real and resolved path; throws 53 or 3044 when there is none.
+  std::string resolved(const std::string& path) const;
+  /// The path of a file to be made, in the real spelling of its folder.
+  std::string newPath(const std::string& path) const;
   /// The tree of a statement's text, parsed once.
   std::shared_ptr<const sql::Statement> parsed(const std::string& text);
-  /// Opens or finds the file of an IN clause or a path; see Workspace::OpenDatabase.
-  std::shared_ptr<storage::AttachedFile> attach(const std::string& path, bool exclusive, bool readOnly);
 
  private:
+  base::Paths paths_;
+  storage::Connection connection_;
   std::map<std::string, std::shared_ptr<const sql::Statement>, std::less<>> statements_;
 };
 
@@ -39,19 +49,26 @@ class Workspace::Impl {
 /// An open file as its handles share it.
 class DatabaseImpl {
  public:
+  DatabaseImpl(std::shared_ptr<WorkspaceCore> core, std::shared_ptr<storage::AttachedFile> file,
+               std::string path, bool readOnly);
+  ~DatabaseImpl();
+  DatabaseImpl(const DatabaseImpl&) = delete;
+  DatabaseImpl& operator=(const DatabaseImpl&) = delete;
+
   std::shared_ptr<WorkspaceCore> core;
   std::shared_ptr<storage::AttachedFile> file;
   std::string path;       ///< as it was given
   bool readOnly = false;  ///< this handle's; the file may be open for writing through another
 
-  /// Files that IN clauses opened; a recordset keeps those its plan names for as long as it lives.
-  using Borrowed = std::map<std::string, std::shared_ptr<storage::AttachedFile>>;
-  /// How names of a statement run on this database are looked up; notes in `borrowed` what it opens.
-  plan::Context context(Interface way, Borrowed& borrowed) const;
+  void requireWritable() const;  ///< throws 3027
 };
 
-/// Opens a table, stored query or statement; see Database::OpenRecordset. In recordset_open.cpp.
-Recordset openRecordset(const std::shared_ptr<DatabaseImpl>& database, const std::string& source,
-                        RecordsetKind kind, const Parameters& parameters, Interface way);
+/// Runs an action or definition statement, or the stored query of that name; see Database::Execute.
+std::int64_t execute(DatabaseImpl& database, const std::string& text, const Parameters& parameters,
+                     Interface way);
+/// See TableDef::watch.
+void watchRows(DatabaseImpl& database, const std::string& table, const std::string& condition);
+/// The parameters that a statement needs, declared ones first.
+std::vector<std::string> parametersOf(DatabaseImpl& database, const std::string& text);
 
 }  // namespace engine

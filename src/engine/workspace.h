@@ -12,10 +12,10 @@ namespace engine {
 /// Who works. The built-in credential costs nothing at opening; a password of the author's own
 /// (`ownPassword`) is stretched with Argon2id before it becomes a key.
 struct Login {
-  std::string name;       ///< the workspace's name
+  std::string name;  ///< the workspace's name
   std::string user;
   std::string password;
-  std::string systemDB;   ///< workgroup file that knows user and password; empty: not checked
+  std::string systemDB;  ///< workgroup file that knows user and password; empty: not checked
   bool ownPassword = false;
 };
 
@@ -65,14 +65,15 @@ bool needsCompaction(Workspace& workspace, const std::string& path, const std::s
 /// What a repair or a check found, a line each, for people; empty lists when all is well.
 struct RepairReport {
   std::int64_t rowsKept = 0;
-  std::int64_t rowsLost = 0;      ///< known to be lost; pages that held an unknown number count in `lines`
+  std::int64_t rowsLost = 0;  ///< known to be lost; pages that held an unknown number count in `lines`
   std::vector<std::string> lines;
-  std::string keptOriginal;       ///< where the damaged file was put aside; empty when nothing was lost
+  std::string keptOriginal;  ///< where the damaged file was put aside; empty when nothing was lost
 };
 /// Copies all that can be read of a closed file into a sound one and puts that in its place.
 RepairReport RepairDatabase(Workspace& workspace, const std::string& path, const Progress& progress = {});
 /// Authenticates every page and checks indexes, relations and the catalogue; changes nothing.
-std::vector<std::string> checkDatabase(Workspace& workspace, const std::string& path, const Progress& progress = {});
+std::vector<std::string> checkDatabase(Workspace& workspace, const std::string& path,
+                                       const Progress& progress = {});
 
 /// Writes a workgroup file that knows the one user; replaces an old one.
 void createWorkgroupFile(const std::string& path, const std::string& user, const std::string& password);

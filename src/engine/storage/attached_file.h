@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -12,6 +13,9 @@
 #include "engine/storage/connection.h"
 
 namespace engine::storage {
+
+/// Whether a column alone tells each row of a table from the others.
+bool hasUniqueKey(const schema::Table& table, std::string_view column);
 
 /// A file attached to a connection, with its definitions in memory. The catalogue that the binder sees.
 class AttachedFile final : public schema::Catalog {
@@ -30,6 +34,7 @@ class AttachedFile final : public schema::Catalog {
   Connection& connection() const { return connection_; }
   const std::string& path() const { return path_; }
   bool readOnly() const { return readOnly_; }
+  bool exclusive() const { return exclusive_; }
   const CatalogData& data() const { return data_; }
   /// Throws 3078 when there is no such table.
   const schema::Table& existingTable(std::string_view name) const;
@@ -37,6 +42,8 @@ class AttachedFile final : public schema::Catalog {
   /// Reads the definitions again when another process changed them. Called before each statement;
   /// does nothing within a write transaction.
   void refresh();
+  /// Reads them again in any case: behind a change that was undone from outside.
+  void reload() { load(); }
 
   // Changes of definitions. Each is whole or throws and leaves everything as it was.
   void createTable(const schema::Table& table);  ///< throws 3010, 3012
@@ -46,9 +53,10 @@ class AttachedFile final : public schema::Catalog {
   void addColumn(std::string_view table, const schema::Column& column);
   void alterColumn(std::string_view table, const schema::Column& column);
   void dropColumn(std::string_view table, std::string_view column);
-  void createQuery(const schema::StoredQuery& query);                 ///< throws 3010, 3012
-  void setQueryText(std::string_view name, const std::string& text);  ///< in memory when read-only
-  void appendRelation(const RelationRecord& relation);                ///< throws 3201 when rows break it
+  // In memory when asked for or when the file is read-only.
+  void createQuery(const schema::StoredQuery& query, bool inMemory);                 ///< throws 3010, 3012
+  void setQueryText(std::string_view name, const std::string& text, bool inMemory);  ///< throws 3265
+  void appendRelation(const RelationRecord& relation);  ///< throws 3201 when rows break it
   void setAllowZeroLength(std::string_view table, std::string_view column, bool allow);
   void setProperty(const PropertyRecord& property);
   void setPermission(const PermissionRecord& permission);
@@ -58,16 +66,35 @@ class AttachedFile final : public schema::Catalog {
 
  private:
   friend class Connection;
-  AttachedFile(Connection& connection, std::string path, std::string schemaName, bool readOnly);
-  void load();
-  template <class Change>
-  void change(Change&& apply);
+  AttachedFile(Connection& connection, std::string path, std::string schemaName, bool readOnly,
+               bool exclusive);
+  void initialise(const CatalogData& data);  ///< makes the hidden tables of a new file
+  void start();                              ///< settings and definitions of a file just attached
+  void load();                               ///< definitions as they stand in the file
+  void takeOver(CatalogData data);
+  void rebuildIndexesAfterNewRules();
+  /// Runs `apply` on a copy of the definitions, with the hidden tables and SQLite's schema, and takes the
+  /// copy over when all went well.
+  template <class Apply>
+  void change(Apply&& apply);
+  void syncIndexes(const CatalogData& data, const schema::Table& table);
+  void dropStoredIndexes(const std::string& table);
+  /// Replaces SQLite's text of a table by the one that `data` describes; the rows' form must stay.
+  void rewriteTable(const CatalogData& data, const schema::Table& table);
+  void convertColumn(const schema::Table& table, const schema::Column& column);
+  void refuseTakenName(std::string_view name) const;
+  /// Whether a select gives any row.
+  bool any(const std::string& select) const;
+  std::string qualified(std::string_view table) const;
 
   Connection& connection_;
   std::string path_, schemaName_;
-  bool readOnly_ = false;
+  bool readOnly_ = false, exclusive_ = false;
   CatalogData data_;
-  std::map<std::string, std::size_t, std::less<>> tableNames_, queryNames_;  // lower-cased to position
+  // By lower-cased name. A table that a plan may still point to stays in kept_ when it is replaced.
+  std::map<std::string, const schema::Table*, std::less<>> tables_;
+  std::deque<schema::Table> kept_;
+  std::map<std::string, schema::StoredQuery, std::less<>> queries_;
   std::int64_t version_ = 0;
   std::int64_t dataVersion_ = 0;
 };

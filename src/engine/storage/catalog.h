@@ -58,6 +58,12 @@ struct CatalogData {
   std::vector<WatchRecord> watches;
 };
 
+/// 3343 for a file that a later version of the program wrote.
+struct LaterFormat : Error {
+  explicit LaterFormat(int number);
+  int format;
+};
+
 /// Makes the hidden tables in an empty attached file.
 void createCatalog(sqlite3* connection, const std::string& schemaName);
 /// Throws 3343 when the hidden tables are missing, damaged, or of a later program.
@@ -65,16 +71,43 @@ CatalogData readCatalog(sqlite3* connection, const std::string& schemaName);
 /// Replaces the content of the hidden tables by `data`.
 void writeCatalog(sqlite3* connection, const std::string& schemaName, const CatalogData& data);
 
+// Single records of the hidden tables; each throws what a write can throw.
+/// Runs one statement with its parameters to the end.
+void runStatement(sqlite3* connection, const std::string& text, const std::vector<Value>& parameters = {});
+void writeTable(sqlite3* connection, const std::string& schemaName,
+                const schema::Table& table);  ///< or replaces
+/// With its columns, indexes, properties and watches.
+void eraseTable(sqlite3* connection, const std::string& schemaName, const std::string& table);
+void writeQuery(sqlite3* connection, const std::string& schemaName, const schema::StoredQuery& query);
+void eraseQuery(sqlite3* connection, const std::string& schemaName, const std::string& query);
+void writeRelation(sqlite3* connection, const std::string& schemaName, const RelationRecord& relation);
+void writeProperty(sqlite3* connection, const std::string& schemaName, const PropertyRecord& property);
+void eraseProperty(sqlite3* connection, const std::string& schemaName, const PropertyRecord& property);
+void writePermission(sqlite3* connection, const std::string& schemaName, const PermissionRecord& permission);
+void writeWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
+void eraseWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
+void writeFileValue(sqlite3* connection, const std::string& schemaName, const std::string& key,
+                    const std::string& value);
+/// The counter of definitions alone; 0 when it is missing.
+std::int64_t readCounter(sqlite3* connection, const std::string& schemaName);
+
 // Statements that make what `data` describes, for SQLite, in `schemaName`.
-/// CREATE TABLE with declared types, collations, counter and foreign keys.
+/// CREATE TABLE with declared types, collations, counter and foreign keys; an empty schema name is left out.
 std::string tableStatement(const CatalogData& data, const schema::Table& table,
                            const std::string& schemaName);
 /// CREATE INDEX for each declared index, each child column of a relation and each watch of the table. They
 /// may run before or behind the copying of rows; a parent's unique index has to stand before rows of its
 /// children are written with foreign keys on.
-std::vector<std::string> indexStatements(const CatalogData& data, const schema::Table& table,
+struct StoredIndex {
+  std::string name, statement;
+};
+std::vector<StoredIndex> indexStatements(const CatalogData& data, const schema::Table& table,
                                          const std::string& schemaName);
 /// SQLite's name of a declared index: its names repeat across tables.
 std::string indexName(const schema::Table& table, const schema::Index& index);
+/// Whether SQLite needs an index of its own for a declared one: the counter alone is the row's number.
+bool isStored(const schema::Table& table, const schema::Index& index);
+/// A column as it stands in CREATE TABLE and ADD COLUMN.
+std::string columnText(const schema::Column& column, const std::string& collation);
 
 }  // namespace engine::storage

@@ -15,6 +15,7 @@ struct sqlite3;
 namespace engine::storage {
 
 class AttachedFile;
+struct CatalogData;
 
 /// A prepared statement borrowed from the connection's cache; it goes back, reset and without
 /// bindings, when the lease dies. Not for keeping across statements that change definitions.
@@ -65,14 +66,18 @@ class Connection {
   Readers& readers() const;
 
   /// To be called before each write to a file: dismisses the readers, opens the gathered transaction and
-  /// takes the file's write lock. Throws 3027 for a file that is read-only, 3260 when another process keeps it locked.
+  /// takes the file's write lock. Throws 3027 for a file that is read-only, 3260 when another process keeps
+  /// it locked.
   void beforeWrite(AttachedFile& file);
   /// Commits what was gathered, outside the caller's transaction, and detaches files without users.
   void idle();
+  /// Detaches files that nobody uses and no transaction needs.
+  void releaseUnused();
   void begin();
   void commit();    ///< throws 3034 without begin(); also writes what was gathered before
   void rollback();  ///< undoes all since begin(), definitions too
   bool inCallersTransaction() const;
+  bool inTransaction() const;  ///< the gathered one or the caller's
 
   /// Lifts the restrictions on statements while it lives.
   class Internal {
@@ -103,6 +108,14 @@ class Connection {
 
  private:
   struct State;
+  std::shared_ptr<AttachedFile> attach(const std::string& path, const std::string& uriOptions, bool readOnly,
+                                       bool exclusive, const CatalogData* initial = nullptr);
+  void detach(AttachedFile& file);
+  void noticeLostTransaction();
+  void reloadCatalogues();
+  void commitAll();
+  void checkpoint();
+
   std::unique_ptr<State> state_;
 };
 

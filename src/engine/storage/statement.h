@@ -25,18 +25,18 @@ class Statement {
   Statement(Statement&& other) noexcept;
   Statement& operator=(Statement&& other) noexcept;
 
-  void bind(int parameter, const Value& value);   ///< dates as ISO text, truths as -1 and 0
+  void bind(int parameter, const Value& value);  ///< dates as ISO text, truths as -1 and 0
   void bindInteger(int parameter, std::int64_t value);
   void bindText(int parameter, std::string_view value);
   void bindNull(int parameter);
-  bool step();                                    ///< true: a row; false: done
-  void run();                                     ///< steps to the end and resets
-  void reset();                                   ///< keeps the bindings
+  bool step();   ///< true: a row; false: done
+  void run();    ///< steps to the end and resets
+  void reset();  ///< keeps the bindings
   int columnCount() const;
   bool isNull(int column) const;
   std::int64_t integer(int column) const;
   double real(int column) const;
-  std::string_view text(int column) const;        ///< good until the next step
+  std::string_view text(int column) const;  ///< good until the next step
   /// The value as a column of `type`: bit as truth, date from ISO text.
   Value value(int column, ColumnType type) const;
   sqlite3_stmt* handle() const { return statement_; }

@@ -30,6 +30,9 @@ class TableWriter {
   std::int64_t insert(const RowValues& values);
   void update(std::int64_t rowid, const RowValues& values);
   void erase(std::int64_t rowid);
+  /// Runs a prepared statement that changes or erases many rows of the table at once; its values are coerced
+  /// already. Throws as the calls above do. Returns the number of rows.
+  std::int64_t runWhole(Statement& statement, bool erases);
 
  private:
   struct Impl;
