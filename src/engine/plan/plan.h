@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,7 @@ struct Context {
 struct Source {
   const schema::Catalog* file = nullptr;
   const schema::Table* table = nullptr;
-  std::string alias;         ///< in emitted text; "<alias>.rowid" is the row's identity
+  std::string rowid;         ///< SQLite text of the row's identity in the emitted FROM ("t3.rowid")
   bool outer = false;        ///< may be missing (null side of an outer join)
 };
 
@@ -47,26 +48,31 @@ struct Link {
   int otherSource = 0, otherColumn = 0;
 };
 
-class Scope;  // the names that a criterion over the plan may use
+struct Scope;  // the names that a criterion over the plan may use
 
 /// A bound select. Cheap to move, not to copy.
+///
+/// Parameters stand as ?1, ?2, ... in the order of `parameters` in every statement made from the plan; a
+/// statement may not need all of them, so only those up to sqlite3_bind_parameter_count() can be bound.
 struct Plan {
   std::vector<Output> columns;
   std::vector<Source> sources;            ///< base tables of the outermost FROM after expansion
   std::vector<Link> links;                ///< between two different sources (keyed plans)
-  std::vector<std::string> parameters;    ///< names in the order of SQLite's ?1, ?2, ...
-  std::vector<ColumnType> parameterTypes; ///< declared type, text where undeclared and unknown
+  std::vector<std::string> parameters;    ///< names as they are written, declared ones first
+  std::vector<ColumnType> parameterTypes; ///< declared type, text where undeclared
   /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,
   /// DISTINCT, GROUP BY and aggregates, which are read-only.
   bool keyed = false;
   bool ordered = false;                   ///< has an ORDER BY (own or inherited)
   std::shared_ptr<const Scope> scope;     ///< for bindCriterion and field names
 
-  // Emitted pieces, SQLite text without their keywords; empty where absent.
-  std::string selectList, from, where, groupBy, having, orderBy;
+  // Emitted pieces, SQLite text without their keywords; empty where absent. What groups or unites rows
+  // stands nested in `from`.
+  std::string selectList, from, where, orderBy, orderByBackwards;
+  std::string groupBy;                    ///< rowids, where DISTINCTROW drops repeats
   bool distinct = false;
   std::optional<std::int64_t> limit;
-  std::string whole;                      ///< not keyed: the complete statement instead of the pieces
+  std::string rowByKey;                   ///< emitRowByKey's text
 };
 
 /// Binds a select (with its UNION arms and stored queries). Throws 3078 for a missing table, 3061-free:
@@ -76,8 +82,8 @@ Plan bind(const sql::Statement& statement, const Context& context);
 /// The field that a caller means by a name in any of its four forms; throws 3265.
 std::size_t fieldIndex(const Plan& plan, std::string_view name);
 
-/// A condition bound over the plan's columns and sources, as SQLite text for a WHERE. For a keyed plan
-/// it speaks of the sources, else of the result columns as `q.<n>`. Throws 3070 for an unknown name.
+/// A condition bound over the plan's columns, as SQLite text to be handed to the statements below as
+/// `extraWhere`. Throws 3070 for an unknown name.
 std::string bindCriterion(const Plan& plan, const sql::Expr& condition, const Context& context);
 
 // Statements in the shapes that callers need. `extraWhere` is SQLite text to be joined with AND.
@@ -87,8 +93,9 @@ std::string emitRows(const Plan& plan, const std::string& extraWhere = {});
 std::string emitKeys(const Plan& plan, const std::string& extraWhere = {}, bool backwards = false);
 /// The sources' rowids followed by the result's columns, in order (keyed plans).
 std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere = {});
-/// The result's columns of one row, told by rowids bound to ?<n+1>.. behind the n parameters
-/// (a rowid may be bound to Null).
+/// The result's columns of one row, told by rowids bound to ?<n+1>.. behind the n parameters (a rowid may
+/// be bound to Null). Where the key is still there the row is given whether or not it meets the condition
+/// by now; there is no row once one of the rows that it was joined of is gone.
 std::string emitRowByKey(const Plan& plan);
 /// The number of rows.
 std::string emitCount(const Plan& plan, const std::string& extraWhere = {});

@@ -1,0 +1,174 @@
+#include <algorithm>
+#include <charconv>
+
+#include "engine/plan/binder.h"
+#include "engine/plan/names.h"
+
+/// Comparisons: both sides are brought to one type, and texts are compared under an explicit collation,
+/// since SQLite would take its own for anything but a plain column.
+namespace engine::plan {
+namespace {
+
+/// The text of a whole number as the dialect writes it, without signs and zeros that add nothing.
+std::optional<std::int64_t> wholeNumber(std::string_view text) {
+  std::int64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || std::to_string(number) != text)
+    return std::nullopt;
+  return number;
+}
+
+std::string coercedDate(const Bound& bound) {
+  if (isDate(bound) || bound.isNull) return bound.text;
+  if (bound.constant && bound.constant->isText()) return literal(Value(bound.constant->asDate()));
+  // A row whose text is no date is left out rather than ending the statement.
+  if (bound.direct)
+    return "(CASE WHEN vc_isdate(" + bound.text + ") THEN vc_cdate(" + bound.text + ") END)";
+  return "vc_cdate(" + value(bound) + ")";
+}
+
+std::string coercedNumber(const Bound& bound) {
+  if (bound.constant && bound.constant->isText()) {
+    const double number = bound.constant->asReal();
+    const auto text = wholeNumber(bound.constant->text());
+    return literal(text ? Value(*text) : Value(number));
+  }
+  if (isDate(bound)) return "vc_cdbl(" + bound.text + ")";
+  if (bound.affinity || isNumber(bound) || bound.isNull) return value(bound);
+  return "CAST(" + value(bound) + " AS NUMERIC)";
+}
+
+Bound truth(std::string text, const Bound& a, const Bound& b) {
+  Bound bound;
+  bound.text = std::move(text);
+  bound.type = ColumnType::bit;
+  bound.condition = true;
+  bound.aggregate = a.aggregate || b.aggregate;
+  bound.refs = a.refs;
+  join(bound.refs, b.refs);
+  return bound;
+}
+
+std::string collationOf(const Level& level, const Bound& a, const Bound& b) {
+  if (!a.collation.empty()) return a.collation;
+  if (!b.collation.empty()) return b.collation;
+  return level.file->collation();
+}
+
+std::string collate(const std::string& text, const std::string& collation) {
+  return text + " COLLATE " + schema::quoteName(collation);
+}
+
+std::string compareTexts(const Level& level, const Bound& a, const std::string& op, const Bound& b) {
+  const std::string collation = collationOf(level, a, b);
+  // The side that is a column gets the collation, so that an index of it can serve.
+  if (b.direct && !a.direct)
+    return "(" + value(a) + " " + op + " " + collate(value(b), collation) + ")";
+  return "(" + collate(value(a), collation) + " " + op + " " + value(b) + ")";
+}
+
+}  // namespace
+
+std::string coerced(const Bound& bound, ColumnType type) {
+  if (type == ColumnType::date) return coercedDate(bound);
+  if (type == ColumnType::text || type == ColumnType::memo) return asText(bound);
+  return coercedNumber(bound);
+}
+
+std::string asText(const Bound& bound) {
+  if (isText(bound) || bound.isNull) return bound.text;
+  if (isDate(bound)) return "vc_format(" + bound.text + ", 'dd.mm.yyyy hh:nn:ss')";
+  if (bound.constant && isNumber(bound)) return literal(Value(bound.constant->asText()));
+  // Of the numbers only a fraction reads differently in SQLite ("1.0" for 1).
+  if (isNumber(bound) && *bound.type != ColumnType::real) return "CAST(" + value(bound) + " AS TEXT)";
+  return "vc_concat(" + value(bound) + ", CASE WHEN " + value(bound) + " IS NULL THEN NULL ELSE '' END)";
+}
+
+Bound compare(const Level& level, const Bound& a, const std::string& op, const Bound& b) {
+  if (isDate(a) || isDate(b)) return truth("(" + coercedDate(a) + " " + op + " " + coercedDate(b) + ")", a, b);
+  // A text column against a number: the number's text, which an index of the column can find.
+  const bool textColumn = (isText(a) && a.direct && b.constant) || (isText(b) && b.direct && a.constant);
+  if ((isNumber(a) || isNumber(b)) && !textColumn) {
+    Bound bound = truth("(" + coercedNumber(a) + " " + op + " " + coercedNumber(b) + ")", a, b);
+    if (op == "=" && a.key >= 0 && b.key >= 0 && a.key != b.key)
+      bound.link = Equality{a.key, b.key, a.position, b.position};
+    return bound;
+  }
+  if (textColumn && (isNumber(a) || isNumber(b))) {
+    Bound left = a, right = b;
+    left.text = asText(a);
+    right.text = asText(b);
+    return truth(compareTexts(level, left, op, right), a, b);
+  }
+  Bound bound = truth(compareTexts(level, a, op, b), a, b);
+  if (op == "=" && a.key >= 0 && b.key >= 0 && a.key != b.key)
+    bound.link = Equality{a.key, b.key, a.position, b.position};
+  return bound;
+}
+
+std::string collated(const Level& level, const Bound& bound) {
+  if (bound.type && !isText(bound)) return value(bound);
+  return collate(value(bound), bound.collation.empty() ? level.file->collation() : bound.collation);
+}
+
+Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr) {
+  const Bound operand = bindExpression(binder, level, *expr.args[0]);
+  const Bound pattern = bindExpression(binder, level, *expr.args[1]);
+  if (isNumber(operand) && pattern.constant) {
+    // "id LIKE 5" is an equality, for which there may be an index.
+    const auto number = wholeNumber(pattern.constant->textOrEmpty());
+    if (number) {
+      Bound five = pattern;
+      five.constant = Value(*number);
+      five.type = ColumnType::longInteger;
+      five.text = literal(*five.constant);
+      return compare(level, operand, expr.negated ? "<>" : "=", five);
+    }
+  }
+  const std::string collation = collationOf(level, operand, Bound{});
+  const char* function = binder.context.way == Interface::second ? "vc_like2" : "vc_like";
+  std::string text = std::string(function) + "(" + asText(operand) + ", " + asText(pattern) + ", " +
+                     literal(Value(collation)) + ")";
+  return truth(expr.negated ? "(NOT " + text + ")" : text, operand, pattern);
+}
+
+Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {
+  const Bound operand = bindExpression(binder, level, *expr.args[0]);
+  Bound bound = truth({}, operand, operand);
+  std::string left = collated(level, operand), list;
+  if (expr.select) {
+    Body body = bindSelect(binder, *expr.select, *level.own, &level);
+    if (body.outputs.size() != 1) refuse("A subquery behind IN has to give one column");
+    join(bound.refs, body.escaped);
+    // Membership asks for no order and is not changed by repeats.
+    body.distinct = false;
+    body.repeats.clear();
+    Bound& column = body.outputs[0].value;
+    if (operand.type && column.type && isDate(operand) != isDate(column)) {
+      left = coercedDate(operand);
+      column.text = coercedDate(column);
+      column.condition = false;
+    }
+    list = bodyText(body);
+  } else {
+    // One item of another type decides for all, as in a chain of equalities.
+    const Bound* reference = &operand;
+    std::vector<Bound> items;
+    for (std::size_t i = 1; i < expr.args.size(); ++i)
+      items.push_back(bindExpression(binder, level, *expr.args[i]));
+    const auto date = std::find_if(items.begin(), items.end(), isDate);
+    if (!isDate(operand) && date != items.end()) {
+      reference = &*date;
+      left = coercedDate(operand);
+    }
+    for (const Bound& item : items) {
+      if (!list.empty()) list += ", ";
+      list += reference->type ? coerced(item, *reference->type) : value(item);
+      join(bound.refs, item.refs);
+    }
+  }
+  bound.text = "(" + left + (expr.negated ? " NOT IN (" : " IN (") + list + "))";
+  return bound;
+}
+
+}  // namespace engine::plan
