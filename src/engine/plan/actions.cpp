@@ -158,7 +158,8 @@ int deletedTable(const Level& level, const std::vector<std::string>& name) {
       found = column.value.key;
     }
   }
-  if (found < 0) throw Error(errors::inputNotFound, "There is no table '" + joinName(name) + "' to delete from");
+  if (found < 0)
+    throw Error(errors::inputNotFound, "There is no table '" + joinName(name) + "' to delete from");
   return found;
 }
 

@@ -24,8 +24,8 @@ struct Binder {
   bool parametersAllowed = true;  ///< false in criteria: an unknown name ends in 3070
 
   int nextId = 0;
-  int lastExpression = 999;       ///< a result without a name is called Expr1000, Expr1001 ...
-  std::size_t bound = 0;          ///< tables and queries so far, for the limit on the whole statement
+  int lastExpression = 999;  ///< a result without a name is called Expr1000, Expr1001 ...
+  std::size_t bound = 0;     ///< tables and queries so far, for the limit on the whole statement
   /// FROM items that have to stay a nested select, found while trying to merge them.
   std::set<const sql::From*> nested;
 

@@ -37,10 +37,10 @@ struct Bound {
   bool direct = false;             ///< the text names a column, so it is Null where its row is missing
   bool affinity = false;           ///< SQLite converts what it is compared with to the column's type
   bool aggregate = false;
-  int parameter = -1;              ///< a bare parameter, by its position
-  int key = -1;                    ///< a column of the base table instance of this number ...
-  int position = -1;               ///< ... and its position there
-  std::optional<Equality> link;        ///< an equality of two such columns
+  int parameter = -1;            ///< a bare parameter, by its position
+  int key = -1;                  ///< a column of the base table instance of this number ...
+  int position = -1;             ///< ... and its position there
+  std::optional<Equality> link;  ///< an equality of two such columns
   Refs refs;
 };
 
@@ -55,7 +55,7 @@ struct Ancestor {
 /// A column that can be named, of a table, of a query, or of a result.
 struct Column {
   std::string name;
-  std::string written;    ///< "Table.Column" where it bears that name because the short one repeats
+  std::string written;  ///< "Table.Column" where it bears that name because the short one repeats
   Bound value;
   int size = 0;
   std::vector<Ancestor> ancestors;
@@ -72,7 +72,7 @@ struct Key {
   int id = 0;
   const schema::Catalog* file = nullptr;
   const schema::Table* table = nullptr;
-  std::string rowid;      ///< SQLite text of its row's identity, Null when an outer join found none
+  std::string rowid;  ///< SQLite text of its row's identity, Null when an outer join found none
   bool outer = false;
 };
 
@@ -87,12 +87,12 @@ struct Term {
 /// One table or nested select in a chain of joins.
 struct Member {
   int id = 0;
-  std::string text;         ///< 'd1."Woerterbuch" AS t3'
-  bool outer = false;       ///< joined by LEFT JOIN on `on`
-  std::vector<Term> on;     ///< of an outer member alone; inner conditions stand in Chain::where
-  std::vector<Key> keys;    ///< itself, or the keys that a nested select hands out
-  bool keyed = true;        ///< the keys tell its rows apart
-  std::string present;      ///< text that is not Null when the member has a row
+  std::string text;       ///< 'd1."Woerterbuch" AS t3'
+  bool outer = false;     ///< joined by LEFT JOIN on `on`
+  std::vector<Term> on;   ///< of an outer member alone; inner conditions stand in Chain::where
+  std::vector<Key> keys;  ///< itself, or the keys that a nested select hands out
+  bool keyed = true;      ///< the keys tell its rows apart
+  std::string present;    ///< text that is not Null when the member has a row
 };
 
 /// A FROM clause without nesting: each outer member reads only members before it.
@@ -104,15 +104,15 @@ struct Chain {
 /// The names of one SELECT, with those of the selects around it.
 struct Level {
   std::vector<Range> ranges;
-  std::vector<const Column*> aliases;      ///< results named by AS, seen where no column is
+  std::vector<const Column*> aliases;  ///< results named by AS, seen where no column is
   const Level* outer = nullptr;
-  const schema::Catalog* file = nullptr;   ///< of the FROM clause: computed texts compare by its locale
-  const schema::Catalog* own = nullptr;    ///< of the statement: subqueries look up their tables there
-  mutable Refs escaped;                    ///< instances of outer levels that were named here or below
+  const schema::Catalog* file = nullptr;  ///< of the FROM clause: computed texts compare by its locale
+  const schema::Catalog* own = nullptr;   ///< of the statement: subqueries look up their tables there
+  mutable Refs escaped;                   ///< instances of outer levels that were named here or below
 };
 
 struct OrderTerm {
-  Bound value;              ///< with the collation it is ordered by, empty where it can be no text
+  Bound value;  ///< with the collation it is ordered by, empty where it can be no text
   bool descending = false;
 };
 
@@ -129,7 +129,7 @@ struct Body {
   bool valuesAsked = false;          ///< DISTINCT was written: the rows can not be told apart any more
   std::vector<std::string> repeats;  ///< row identities to group by where DISTINCTROW drops repeats
   std::optional<std::int64_t> top;
-  Refs escaped;                      ///< instances of the selects around it that it reads
+  Refs escaped;  ///< instances of the selects around it that it reads
 
   /// It is nothing but a join and a condition, so that it may become part of the FROM clause around it.
   bool plain() const;

@@ -31,12 +31,13 @@ void sortByLinks(std::vector<Member>& core, const std::vector<Term>& terms) {
     });
   };
   for (std::size_t at = 0; at + 1 < core.size(); ++at) {
-    const auto next = std::find_if(core.begin() + static_cast<std::ptrdiff_t>(at), core.end(), [&](const Member& member) {
-      Refs absent;
-      for (std::size_t other = at; other < core.size(); ++other)
-        if (core[other].id != member.id) absent.insert(core[other].id);
-      return tiedTo(member, absent);
-    });
+    const auto next =
+        std::find_if(core.begin() + static_cast<std::ptrdiff_t>(at), core.end(), [&](const Member& member) {
+          Refs absent;
+          for (std::size_t other = at; other < core.size(); ++other)
+            if (core[other].id != member.id) absent.insert(core[other].id);
+          return tiedTo(member, absent);
+        });
     if (next != core.end()) std::rotate(core.begin() + static_cast<std::ptrdiff_t>(at), next, next + 1);
   }
 }
@@ -54,9 +55,8 @@ void spreadCore(std::vector<Member>& core, std::vector<Term> terms) {
                                              [&](const Term& term) { return !reads(term, rest); });
     member.on.assign(std::make_move_iterator(terms.begin()), std::make_move_iterator(later));
     terms.erase(terms.begin(), later);
-    const bool guarded =
-        std::any_of(member.on.begin(), member.on.end(),
-                    [&](const Term& term) { return fallsWith(term, member.id, placed); });
+    const bool guarded = std::any_of(member.on.begin(), member.on.end(),
+                                     [&](const Term& term) { return fallsWith(term, member.id, placed); });
     if (i > 0 && !guarded) member.on.push_back(presence(core[0]));
     if (i + 1 < core.size()) {
       Term question{"(EXISTS (SELECT 1 FROM ", {}, std::nullopt, false};
@@ -98,9 +98,8 @@ bool leftJoin(Chain& left, Chain& right, const std::vector<Term>& on) {
 
   spreadCore(core, std::move(terms));
   for (Member& member : outer) {
-    const bool guarded = std::any_of(member.on.begin(), member.on.end(), [&](const Term& term) {
-      return fallsWith(term, member.id, all);
-    });
+    const bool guarded = std::any_of(member.on.begin(), member.on.end(),
+                                     [&](const Term& term) { return fallsWith(term, member.id, all); });
     if (!guarded) member.on.push_back(presence(core[0]));
   }
   std::move(outer.begin(), outer.end(), std::back_inserter(core));

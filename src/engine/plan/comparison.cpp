@@ -22,8 +22,7 @@ std::string coercedDate(const Bound& bound) {
   if (isDate(bound) || bound.isNull) return bound.text;
   if (bound.constant && bound.constant->isText()) return literal(Value(bound.constant->asDate()));
   // A row whose text is no date is left out rather than ending the statement.
-  if (bound.direct)
-    return "(CASE WHEN vc_isdate(" + bound.text + ") THEN vc_cdate(" + bound.text + ") END)";
+  if (bound.direct) return "(CASE WHEN vc_isdate(" + bound.text + ") THEN vc_cdate(" + bound.text + ") END)";
   return "vc_cdate(" + value(bound) + ")";
 }
 
@@ -62,8 +61,7 @@ std::string collate(const std::string& text, const std::string& collation) {
 std::string compareTexts(const Level& level, const Bound& a, const std::string& op, const Bound& b) {
   const std::string collation = collationOf(level, a, b);
   // The side that is a column gets the collation, so that an index of it can serve.
-  if (b.direct && !a.direct)
-    return "(" + value(a) + " " + op + " " + collate(value(b), collation) + ")";
+  if (b.direct && !a.direct) return "(" + value(a) + " " + op + " " + collate(value(b), collation) + ")";
   return "(" + collate(value(a), collation) + " " + op + " " + value(b) + ")";
 }
 
@@ -85,7 +83,8 @@ std::string asText(const Bound& bound) {
 }
 
 Bound compare(const Level& level, const Bound& a, const std::string& op, const Bound& b) {
-  if (isDate(a) || isDate(b)) return truth("(" + coercedDate(a) + " " + op + " " + coercedDate(b) + ")", a, b);
+  if (isDate(a) || isDate(b))
+    return truth("(" + coercedDate(a) + " " + op + " " + coercedDate(b) + ")", a, b);
   // A text column against a number: the number's text, which an index of the column can find.
   const bool textColumn = (isText(a) && a.direct && b.constant) || (isText(b) && b.direct && a.constant);
   if ((isNumber(a) || isNumber(b)) && !textColumn) {

@@ -48,7 +48,8 @@ std::string withinLimit(const Plan& plan, const std::string& extraWhere) {
   std::string identity;
   for (const Source& source : plan.sources)
     identity += (identity.empty() ? "" : ", ") + std::string("ifnull(") + source.rowid + ", 'none')";
-  const std::string member = "(" + identity + ") IN (" + statement(plan, identity, {}, plan.orderBy) + limited(plan) + ")";
+  const std::string member =
+      "(" + identity + ") IN (" + statement(plan, identity, {}, plan.orderBy) + limited(plan) + ")";
   return extraWhere.empty() ? member : member + " AND (" + extraWhere + ")";
 }
 
@@ -172,15 +173,18 @@ std::string bodyText(const Body& body, bool firstArm, const std::string& further
 Plan finish(Binder& binder, Body body) {
   Plan plan;
   plan.parameters = binder.parameters;
-  for (const auto& type : binder.parameterTypes) plan.parameterTypes.push_back(type.value_or(ColumnType::text));
+  for (const auto& type : binder.parameterTypes)
+    plan.parameterTypes.push_back(type.value_or(ColumnType::text));
   plan.keyed = body.keyed();
   plan.ordered = !body.order.empty();
   // TOP is kept as a piece where rows have keys, and DISTINCT where it stands alone.
-  const bool nested = body.aggregated || (!plan.keyed && body.top) || (body.distinct && !body.repeats.empty());
+  const bool nested =
+      body.aggregated || (!plan.keyed && body.top) || (body.distinct && !body.repeats.empty());
   if (nested && !body.chain.members.empty()) nest(binder, body);
 
   std::vector<Key> keys;
-  for (const Member& member : body.chain.members) keys.insert(keys.end(), member.keys.begin(), member.keys.end());
+  for (const Member& member : body.chain.members)
+    keys.insert(keys.end(), member.keys.begin(), member.keys.end());
   if (plan.keyed) addSources(plan, body.chain, keys);
   for (const Column& output : body.outputs) {
     plan.columns.push_back(outputOf(output, plan.keyed ? keys : std::vector<Key>{}));
@@ -223,7 +227,8 @@ std::string emitRowByKey(const Plan& plan) {
 }
 
 std::string emitCount(const Plan& plan, const std::string& extraWhere) {
-  if (plan.groupBy.empty() && !plan.distinct && !plan.limit) return statement(plan, "count(*)", extraWhere, {});
+  if (plan.groupBy.empty() && !plan.distinct && !plan.limit)
+    return statement(plan, "count(*)", extraWhere, {});
   if (plan.distinct) return "SELECT count(*) FROM (" + statement(plan, plan.selectList, extraWhere, {}) + ")";
   return "SELECT count(*) FROM (" + forward(plan, "1", extraWhere) + ")";
 }

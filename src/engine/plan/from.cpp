@@ -161,8 +161,10 @@ Item bindJoin(Binder& binder, const Place& place, const sql::From& from) {
   }
   item.chain = std::move(preserved);
   const auto middle = level.ranges.begin() + static_cast<std::ptrdiff_t>(written);
-  std::vector<Range> leftRanges(std::make_move_iterator(level.ranges.begin()), std::make_move_iterator(middle));
-  std::vector<Range> rightRanges(std::make_move_iterator(middle), std::make_move_iterator(level.ranges.end()));
+  std::vector<Range> leftRanges(std::make_move_iterator(level.ranges.begin()),
+                                std::make_move_iterator(middle));
+  std::vector<Range> rightRanges(std::make_move_iterator(middle),
+                                 std::make_move_iterator(level.ranges.end()));
   guardColumns(rightJoin ? leftRanges : rightRanges, first);
   item.ranges = std::move(leftRanges);
   std::move(rightRanges.begin(), rightRanges.end(), std::back_inserter(item.ranges));

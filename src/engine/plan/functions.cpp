@@ -79,8 +79,8 @@ struct Aggregate {
   std::string_view name, emitted;
 };
 constexpr Aggregate aggregates[] = {
-    {"count", "count"}, {"sum", "sum"},          {"avg", "avg"},        {"min", "min"},
-    {"max", "max"},     {"first", "vc_first"},   {"last", "vc_last"},
+    {"count", "count"}, {"sum", "sum"},        {"avg", "avg"},      {"min", "min"},
+    {"max", "max"},     {"first", "vc_first"}, {"last", "vc_last"},
 };
 
 std::vector<Bound> bindArguments(Binder& binder, const Level& level, const sql::Expr& expr, std::size_t least,
@@ -114,8 +114,8 @@ Bound bindIif(Binder& binder, const Level& level, const sql::Expr& expr) {
   Bound bound;
   gather(bound, parts);
   bound.type = common(parts[1], parts[2]);
-  bound.text = "(CASE WHEN " + condition(parts[0]) + " THEN " + value(parts[1]) + " ELSE " + value(parts[2]) +
-               " END)";
+  bound.text =
+      "(CASE WHEN " + condition(parts[0]) + " THEN " + value(parts[1]) + " ELSE " + value(parts[2]) + " END)";
   return bound;
 }
 
@@ -164,8 +164,8 @@ Bound bindAggregate(Binder& binder, const Level& level, const sql::Expr& expr, c
     if (parts[0].aggregate) refuse("An aggregate can not stand within another");
     gather(bound, parts);
     const bool ordered = aggregate.name == "min" || aggregate.name == "max";
-    bound.text = std::string(aggregate.emitted) + "(" +
-                 (ordered ? collated(level, parts[0]) : value(parts[0])) + ")";
+    bound.text =
+        std::string(aggregate.emitted) + "(" + (ordered ? collated(level, parts[0]) : value(parts[0])) + ")";
     bound.type = parts[0].type;
     bound.collation = parts[0].collation;
     if (aggregate.name == "count") bound.type = ColumnType::longInteger;

@@ -15,8 +15,8 @@ char lowerAscii(char c) {
 }
 
 std::string textLiteral(std::string_view text) {
-  const bool plain = std::none_of(text.begin(), text.end(),
-                                  [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  const bool plain =
+      std::none_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
   std::string result;
   if (plain) {
     result += '\'';

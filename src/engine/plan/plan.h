@@ -27,24 +27,24 @@ struct Context {
 struct Source {
   const schema::Catalog* file = nullptr;
   const schema::Table* table = nullptr;
-  std::string rowid;         ///< SQLite text of the row's identity in the emitted FROM ("t3.rowid")
-  bool outer = false;        ///< may be missing (null side of an outer join)
+  std::string rowid;   ///< SQLite text of the row's identity in the emitted FROM ("t3.rowid")
+  bool outer = false;  ///< may be missing (null side of an outer join)
 };
 
 /// One column of the result.
 struct Output {
-  std::string name;          ///< "begriff", or "table.column" where the short name repeats
+  std::string name;  ///< "begriff", or "table.column" where the short name repeats
   ColumnType type = ColumnType::text;
   int size = 0;
-  std::string collation;     ///< SQLite collation name for text, else empty
-  int source = -1;           ///< index into Plan::sources when it is a plain base column, else -1
-  int column = -1;           ///< index into that table's columns
+  std::string collation;  ///< SQLite collation name for text, else empty
+  int source = -1;        ///< index into Plan::sources when it is a plain base column, else -1
+  int column = -1;        ///< index into that table's columns
 };
 
 /// Two base columns that the joins of a plan set equal ("a.id = b.id" in ON or, for comma joins, in WHERE):
 /// how a new row of one table finds or gets its row of the other.
 struct Link {
-  int source = 0, column = 0;            ///< index into Plan::sources and of the column in its table
+  int source = 0, column = 0;  ///< index into Plan::sources and of the column in its table
   int otherSource = 0, otherColumn = 0;
 };
 
@@ -56,23 +56,22 @@ struct Scope;  // the names that a criterion over the plan may use
 /// statement may not need all of them, so only those up to sqlite3_bind_parameter_count() can be bound.
 struct Plan {
   std::vector<Output> columns;
-  std::vector<Source> sources;            ///< base tables of the outermost FROM after expansion
-  std::vector<Link> links;                ///< between two different sources (keyed plans)
-  std::vector<std::string> parameters;    ///< names as they are written, declared ones first
-  std::vector<ColumnType> parameterTypes; ///< declared type, text where undeclared
+  std::vector<Source> sources;             ///< base tables of the outermost FROM after expansion
+  std::vector<std::string> parameters;     ///< names as they are written, declared ones first
+  std::vector<ColumnType> parameterTypes;  ///< declared type, text where undeclared
   /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,
   /// DISTINCT, GROUP BY and aggregates, which are read-only.
   bool keyed = false;
-  bool ordered = false;                   ///< has an ORDER BY (own or inherited)
-  std::shared_ptr<const Scope> scope;     ///< for bindCriterion and field names
+  bool ordered = false;                ///< has an ORDER BY (own or inherited)
+  std::shared_ptr<const Scope> scope;  ///< for bindCriterion and field names
 
   // Emitted pieces, SQLite text without their keywords; empty where absent. What groups or unites rows
   // stands nested in `from`.
   std::string selectList, from, where, orderBy, orderByBackwards;
-  std::string groupBy;                    ///< rowids, where DISTINCTROW drops repeats
+  std::string groupBy;  ///< rowids, where DISTINCTROW drops repeats
   bool distinct = false;
   std::optional<std::int64_t> limit;
-  std::string rowByKey;                   ///< emitRowByKey's text
+  std::string rowByKey;  ///< emitRowByKey's text
 };
 
 /// Binds a select (with its UNION arms and stored queries). Throws 3078 for a missing table, 3061-free:
@@ -85,6 +84,8 @@ std::size_t fieldIndex(const Plan& plan, std::string_view name);
 /// A condition bound over the plan's columns, as SQLite text to be handed to the statements below as
 /// `extraWhere`. Throws 3070 for an unknown name.
 std::string bindCriterion(const Plan& plan, const sql::Expr& condition, const Context& context);
+/// The same over copied rows of the plan, whose columns are called q.c0, q.c1, ...
+std::string bindCriterionOnCopy(const Plan& plan, const sql::Expr& condition, const Context& context);
 
 // Statements in the shapes that callers need. `extraWhere` is SQLite text to be joined with AND.
 /// The result's columns, in order.
@@ -103,14 +104,14 @@ std::string emitCount(const Plan& plan, const std::string& extraWhere = {});
 /// An action statement, bound: which rows of which table get which values.
 struct Action {
   sql::StatementKind kind = sql::StatementKind::update;
-  const schema::Catalog* file = nullptr;   ///< of the target
-  const schema::Table* table = nullptr;    ///< null for a table that SELECT INTO makes
+  const schema::Catalog* file = nullptr;  ///< of the target
+  const schema::Table* table = nullptr;   ///< null for a table that SELECT INTO makes
   std::string newTable;
-  std::vector<int> targets;                ///< columns of `table` that rows.columns fill, in order
+  std::vector<int> targets;  ///< columns of `table` that rows.columns fill, in order
   /// insert: the values; update: rowid, then the new values; remove: the rowids alone.
   /// A single-row INSERT ... VALUES has a plan without sources.
   Plan rows;
-  bool singleRow = false;                  ///< INSERT ... VALUES: raises instead of skipping
+  bool singleRow = false;  ///< INSERT ... VALUES: raises instead of skipping
 };
 Action bindAction(const sql::Statement& statement, const Context& context);
 

@@ -34,13 +34,13 @@ std::vector<const Term*> termsReading(const Chain& chain, int id) {
 /// Whether the columns hold a unique key of the table, counters included.
 bool holdsKey(const schema::Table& table, const std::set<int>& columns) {
   if (table.counter() >= 0 && columns.count(table.counter()) != 0 && table.primaryKey() != nullptr &&
-      table.primaryKey()->columns.size() == 1 && table.find(table.primaryKey()->columns[0]) == table.counter())
+      table.primaryKey()->columns.size() == 1 &&
+      table.find(table.primaryKey()->columns[0]) == table.counter())
     return true;
   return std::any_of(table.indexes.begin(), table.indexes.end(), [&](const schema::Index& index) {
     return (index.primary || index.unique) && !index.columns.empty() &&
-           std::all_of(index.columns.begin(), index.columns.end(), [&](const std::string& name) {
-             return columns.count(table.find(name)) != 0;
-           });
+           std::all_of(index.columns.begin(), index.columns.end(),
+                       [&](const std::string& name) { return columns.count(table.find(name)) != 0; });
   });
 }
 
@@ -71,10 +71,10 @@ Refs toldBy(const Chain& chain, Refs told) {
 }
 
 struct Tie {
-  int column;          ///< of the linking table
+  int column;  ///< of the linking table
   const Member* other;
   int otherColumn;
-  bool downstream;     ///< the other is joined to the linking table and may be missing
+  bool downstream;  ///< the other is joined to the linking table and may be missing
 };
 
 /// The linking table's ties, or nothing when it is more than a link between told members.
@@ -92,14 +92,15 @@ std::optional<std::vector<Tie>> tiesOf(const Chain& chain, const Member& member,
     if (told.count(other) == 0) return std::nullopt;
     const Member* otherMember = memberOf(chain, other);
     if (otherMember == nullptr || !isTable(*otherMember)) return std::nullopt;
-    const bool downstream =
-        std::any_of(otherMember->on.begin(), otherMember->on.end(), [&](const Term& on) { return &on == term; });
+    const bool downstream = std::any_of(otherMember->on.begin(), otherMember->on.end(),
+                                        [&](const Term& on) { return &on == term; });
     // More than the tie decides whether the other row is found; then its absence can have two reasons.
     if (downstream && otherMember->on.size() != 1) return std::nullopt;
     ties.push_back({left ? term->link->leftColumn : term->link->rightColumn, otherMember,
                     left ? term->link->rightColumn : term->link->leftColumn, downstream});
   }
-  if (std::none_of(ties.begin(), ties.end(), [](const Tie& tie) { return !tie.downstream; })) return std::nullopt;
+  if (std::none_of(ties.begin(), ties.end(), [](const Tie& tie) { return !tie.downstream; }))
+    return std::nullopt;
   return ties;
 }
 

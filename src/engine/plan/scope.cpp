@@ -81,9 +81,9 @@ Bound bindName(Binder& binder, const Level& level, const sql::Expr& expr) {
   for (const Level* at = &level; at != nullptr; at = at->outer) {
     const Column* column = findColumn(at->ranges, expr.path, false);
     if (column == nullptr && expr.path.size() == 1) {
-      const auto alias =
-          std::find_if(at->aliases.begin(), at->aliases.end(),
-                       [&](const Column* named) { return sameName(named->name, expr.path[0]); });
+      const auto alias = std::find_if(at->aliases.begin(), at->aliases.end(), [&](const Column* named) {
+        return sameName(named->name, expr.path[0]);
+      });
       if (alias != at->aliases.end()) column = *alias;
     }
     if (column == nullptr) continue;
@@ -112,24 +112,25 @@ int parameterPosition(Binder& binder, const std::string& name) {
 
 void declareParameters(Binder& binder, const std::vector<sql::ParameterDecl>& declared) {
   static constexpr std::pair<std::string_view, ColumnType> types[] = {
-      {"TEXT", ColumnType::text},         {"CHAR", ColumnType::text},
-      {"STRING", ColumnType::text},       {"VARCHAR", ColumnType::text},
-      {"LONGTEXT", ColumnType::memo},     {"MEMO", ColumnType::memo},
-      {"LONG", ColumnType::longInteger},  {"INTEGER", ColumnType::longInteger},
-      {"INT", ColumnType::longInteger},   {"COUNTER", ColumnType::longInteger},
+      {"TEXT", ColumnType::text},          {"CHAR", ColumnType::text},
+      {"STRING", ColumnType::text},        {"VARCHAR", ColumnType::text},
+      {"LONGTEXT", ColumnType::memo},      {"MEMO", ColumnType::memo},
+      {"LONG", ColumnType::longInteger},   {"INTEGER", ColumnType::longInteger},
+      {"INT", ColumnType::longInteger},    {"COUNTER", ColumnType::longInteger},
       {"SHORT", ColumnType::shortInteger}, {"SMALLINT", ColumnType::shortInteger},
-      {"BYTE", ColumnType::shortInteger}, {"BIT", ColumnType::bit},
-      {"YESNO", ColumnType::bit},         {"BOOLEAN", ColumnType::bit},
-      {"LOGICAL", ColumnType::bit},       {"DATE", ColumnType::date},
-      {"DATETIME", ColumnType::date},     {"TIME", ColumnType::date},
-      {"TIMESTAMP", ColumnType::date},    {"DOUBLE", ColumnType::real},
-      {"FLOAT", ColumnType::real},        {"SINGLE", ColumnType::real},
-      {"REAL", ColumnType::real},         {"CURRENCY", ColumnType::real},
-      {"NUMBER", ColumnType::real},       {"NUMERIC", ColumnType::real},
+      {"BYTE", ColumnType::shortInteger},  {"BIT", ColumnType::bit},
+      {"YESNO", ColumnType::bit},          {"BOOLEAN", ColumnType::bit},
+      {"LOGICAL", ColumnType::bit},        {"DATE", ColumnType::date},
+      {"DATETIME", ColumnType::date},      {"TIME", ColumnType::date},
+      {"TIMESTAMP", ColumnType::date},     {"DOUBLE", ColumnType::real},
+      {"FLOAT", ColumnType::real},         {"SINGLE", ColumnType::real},
+      {"REAL", ColumnType::real},          {"CURRENCY", ColumnType::real},
+      {"NUMBER", ColumnType::real},        {"NUMERIC", ColumnType::real},
   };
   for (const sql::ParameterDecl& parameter : declared) {
     const auto position = static_cast<std::size_t>(parameterPosition(binder, parameter.name));
-    const std::string_view declaredType = std::string_view(parameter.type).substr(0, parameter.type.find('('));
+    const std::string_view declaredType =
+        std::string_view(parameter.type).substr(0, parameter.type.find('('));
     for (const auto& [name, type] : types)
       if (sameName(name, declaredType)) binder.parameterTypes[position] = type;
   }

@@ -8,8 +8,7 @@ namespace engine::plan {
 namespace {
 
 void addAll(const std::vector<Range>& ranges, std::vector<Column>& outputs) {
-  for (const Range& range : ranges)
-    outputs.insert(outputs.end(), range.columns.begin(), range.columns.end());
+  for (const Range& range : ranges) outputs.insert(outputs.end(), range.columns.begin(), range.columns.end());
 }
 
 /// "name.*": the columns of the item called so, else those that descend from a table or query of the name.
@@ -24,15 +23,17 @@ void addAllOf(const std::vector<Range>& ranges, const std::vector<std::string>& 
     for (const Column& column : range.columns) {
       std::vector<std::string> whole = path;
       whole.emplace_back();
-      const bool descends = std::any_of(
-          column.ancestors.begin(), column.ancestors.end(), [&](const Ancestor& ancestor) {
+      const bool descends =
+          std::any_of(column.ancestors.begin(), column.ancestors.end(), [&](const Ancestor& ancestor) {
             whole.back() = ancestor.name;
-            return sameName(ancestor.range, path.back()) && findColumn({Range{range.name, {column}}}, whole, true);
+            return sameName(ancestor.range, path.back()) &&
+                   findColumn({Range{range.name, {column}}}, whole, true);
           });
       if (descends) outputs.push_back(column);
     }
   }
-  if (outputs.size() == before) throw Error(errors::inputNotFound, "There is no table or query '" + joinName(path) + "'");
+  if (outputs.size() == before)
+    throw Error(errors::inputNotFound, "There is no table or query '" + joinName(path) + "'");
 }
 
 /// A name that was written with its table keeps that for where the short one repeats.
@@ -46,8 +47,7 @@ void addExpression(Binder& binder, const Level& level, const sql::OutputItem& it
     column = *named;
   } else {
     column.value = bindExpression(binder, level, expr);
-    if (column.value.type == ColumnType::text && column.value.constant)
-      column.size = 255;
+    if (column.value.type == ColumnType::text && column.value.constant) column.size = 255;
     if (item.alias.empty())
       column.name = expr.kind == sql::ExprKind::name ? expr.path.back()
                                                      : "Expr" + std::to_string(++binder.lastExpression);
@@ -148,7 +148,7 @@ void unite(Column& column, const Column& further) {
       type = ColumnType::memo;
     else if (isNumber(column.value) && isNumber(further.value))
       type = type == ColumnType::real || further.value.type == ColumnType::real ? ColumnType::real
-                                                                                  : ColumnType::longInteger;
+                                                                                : ColumnType::longInteger;
     else
       type.reset();
   }
