@@ -57,6 +57,7 @@ struct Scope;  // the names that a criterion over the plan may use
 struct Plan {
   std::vector<Output> columns;
   std::vector<Source> sources;             ///< base tables of the outermost FROM after expansion
+  std::vector<Link> links;                 ///< between two different sources (keyed plans)
   std::vector<std::string> parameters;     ///< names as they are written, declared ones first
   std::vector<ColumnType> parameterTypes;  ///< declared type, text where undeclared
   /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,
