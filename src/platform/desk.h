@@ -18,16 +18,16 @@ inline constexpr int answerOk = 1, answerCancel = 2, answerYes = 6, answerNo = 7
 inline constexpr int cancelled = 32755;
 
 struct FileDialog {
-  std::string folder;        ///< where it starts
-  std::string fileName;      ///< prefilled
-  std::string extension;     ///< default extension, without a point
+  std::string folder;     ///< where it starts
+  std::string fileName;   ///< prefilled
+  std::string extension;  ///< default extension, without a point
   std::string title;
-  std::string filter;        ///< "label|pattern|label|pattern"
+  std::string filter;  ///< "label|pattern|label|pattern"
   int flags = 0;
 };
 struct FileChoice {
-  std::string path;          ///< real spelling, absolute
-  bool readOnly = false;     ///< the read-only box was ticked
+  std::string path;       ///< real spelling, absolute
+  bool readOnly = false;  ///< the read-only box was ticked
 };
 
 /// A modal form: a struct with state and free operations in its subsystem. A desk that shows it knows
@@ -55,17 +55,18 @@ class Boxes {
   virtual void showModal(Form& form) = 0;
 };
 
-/// What the frame shows while operations run.
+/// What the frame shows while operations run. Nothing here throws.
 class Screen {
  public:
   virtual ~Screen() = default;
   virtual void setBusyPointer(bool busy) = 0;
-  virtual void setStatus(const std::string& label) = 0;         ///< painted at once
-  virtual void setCaption(const std::string& caption) = 0;      ///< of the frame
+  virtual void setStatus(const std::string& label) = 0;     ///< painted at once
+  virtual void setCaption(const std::string& caption) = 0;  ///< of the frame
   virtual void showProgress(const std::string& caption) = 0;
   virtual void setProgress(double percent, const std::string& label) = 0;
   virtual void hideProgress() = 0;
-  /// Serves the message loop, at most every 20 ms; cheap to call once a row.
+  /// Serves the message loop once. Operations come here through session::turnLoop, which commits first
+  /// and lets a call a row through every 20 ms.
   virtual void turnLoop() = 0;
 };
 

@@ -20,23 +20,33 @@ std::string labelIfAny(const Session& s, int key) {
 
 }  // namespace
 
-std::string boxTitle(const Session& s) { return labelIfAny(s, label::program_name); }
+std::string boxTitle(const Session& s) {
+  return labelIfAny(s, label::program_name);
+}
 
-int showBox(Session& s, const std::string& text, int flags) { return show(s, text, flags, boxTitle(s)); }
+int showBox(Session& s, const std::string& text, int flags) {
+  return show(s, text, flags, boxTitle(s));
+}
 int showBox(Session& s, const std::string& text, int flags, int title) {
   return show(s, text, flags, labelText(s, title));
 }
-int showMessage(Session& s, int message, int flags) { return showBox(s, dialogText(s, message), flags); }
+int showMessage(Session& s, int message, int flags) {
+  return showBox(s, dialogText(s, message), flags);
+}
 int showMessage(Session& s, int message, int flags, int title) {
   return showBox(s, dialogText(s, message), flags, title);
 }
 
-int showUnicodeBox(Session& s, const std::string& text, int flags) { return show(s, text, flags, "Vocarium"); }
+int showUnicodeBox(Session& s, const std::string& text, int flags) {
+  return show(s, text, flags, "Vocarium");
+}
 
 bool confirmed(Session& s, const std::string& text) {
   return showBox(s, text, platform::box::yesNo) == platform::box::answerYes;
 }
-bool confirmed(Session& s, int message) { return confirmed(s, dialogText(s, message)); }
+bool confirmed(Session& s, int message) {
+  return confirmed(s, dialogText(s, message));
+}
 bool confirmed(Session& s, int message, int title) {
   return showMessage(s, message, platform::box::yesNo, title) == platform::box::answerYes;
 }
@@ -82,7 +92,9 @@ ProgressForm::ProgressForm(Session& s, const std::string& caption) : session_(s)
   s.desk.screen.showProgress(caption);
 }
 
-ProgressForm::~ProgressForm() { session_.desk.screen.hideProgress(); }
+ProgressForm::~ProgressForm() {
+  session_.desk.screen.hideProgress();
+}
 
 void ProgressForm::step(std::int64_t done, std::int64_t total) {
   const double percent = total > 0 ? static_cast<double>(done) / static_cast<double>(total) * 100.0 : 100.0;

@@ -19,7 +19,8 @@ std::string userDataFolder() {
   if (const std::string appData = variable("APPDATA"); !appData.empty()) return appData;
   if (const std::string xdg = variable("XDG_DATA_HOME"); !xdg.empty()) return xdg;
   const std::string home = variable("HOME");
-  if (home.empty()) throw base::Error(76, "Neither APPDATA nor XDG_DATA_HOME nor HOME names a folder for your data.");
+  if (home.empty())
+    throw base::Error(76, "Neither APPDATA nor XDG_DATA_HOME nor HOME names a folder for your data.");
   return home + "/.local/share";
 }
 
@@ -30,10 +31,12 @@ void place(const Session& s, const char* name) {
   const bool present = fs::exists(target, failed);
   if (shipped.empty()) {
     if (present) return;
-    throw base::Error(53, "The program's own file " + std::string(name) + " is neither in " + s.folders.AppConfigPath +
-                              " nor beside the program in " + s.folders.ProgramPath + ".");
+    throw base::Error(53, "The program's own file " + std::string(name) + " is neither in " +
+                              s.folders.AppConfigPath + " nor beside the program in " +
+                              s.folders.ProgramPath + ".");
   }
-  if (present && fs::last_write_time(target, failed) >= fs::last_write_time(shipped, failed) && !failed) return;
+  if (present && fs::last_write_time(target, failed) >= fs::last_write_time(shipped, failed) && !failed)
+    return;
   CopyFileTo(s, shipped.string(), target.string(), true);
 }
 
@@ -81,6 +84,8 @@ engine::Login securedLogin(const Session& s) {
   return login;
 }
 
-void createSecuredWorkspace(Session& s) { s.files.Workspace = std::make_unique<engine::Workspace>(securedLogin(s)); }
+void createSecuredWorkspace(Session& s) {
+  s.files.Workspace = std::make_unique<engine::Workspace>(securedLogin(s));
+}
 
 }  // namespace session

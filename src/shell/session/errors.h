@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "shell/session/session.h"
+
+/// The one error report that every failed command ends in, and the guard that leads there.
+namespace session {
+
+inline constexpr int silentMissingItem = 3265;
+inline constexpr int silentCancel = 32755;
+
+/// Appends the error to the log in the configuration folder, shows it, and puts pointer and status bar
+/// back. `source` is the reporting window's or module's name. A missing item of a collection (3265) and
+/// a cancelled file dialog (32755) are normal and leave no trace. Sets Shell::failed. Never throws: a log
+/// that can not be written is told in the same box.
+void LogError(Session& s, const base::Error& error, const std::string& source);
+
+/// The exception being handled as an Error; for a catch (...) alone.
+base::Error currentError();
+
+/// Commits what is gathered; the first failure of `then` and of the commit is thrown.
+void commitGathered(Session& s);
+
+/// Runs an operation. Whatever it throws ends in LogError: the operation is abandoned and what it wrote
+/// stays. Commits at its end. An operation that returns bool decides success by that as well.
+/// Returns whether it succeeded.
+template <class Operation>
+bool guard(Session& s, const std::string& formName, Operation&& operation) {
+  bool succeeded = true;
+  try {
+    if constexpr (std::is_same_v<std::invoke_result_t<Operation>, bool>)
+      succeeded = std::forward<Operation>(operation)();
+    else
+      std::forward<Operation>(operation)();
+  } catch (...) {
+    succeeded = false;
+    LogError(s, currentError(), formName);
+  }
+  try {
+    commitGathered(s);
+  } catch (...) {
+    succeeded = false;
+    LogError(s, currentError(), formName);
+  }
+  return succeeded;
+}
+
+}  // namespace session
