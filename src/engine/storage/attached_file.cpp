@@ -84,7 +84,6 @@ void AttachedFile::initialise(const CatalogData& data) {
 void AttachedFile::start() {
   sqlite3* const handle = connection_.handle();
   try {
-    if (exclusive_) runStatement(handle, "PRAGMA " + schemaName_ + ".locking_mode = EXCLUSIVE");
     // In KiB; decrypting a page again costs more than memory.
     runStatement(handle, "PRAGMA " + schemaName_ + ".cache_size = -65536");
     runStatement(handle, "PRAGMA " + schemaName_ + ".synchronous = NORMAL");

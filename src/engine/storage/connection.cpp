@@ -214,7 +214,11 @@ std::shared_ptr<AttachedFile> Connection::attach(const std::string& path, const 
   }
   const Internal internal(*this);
   const file::KeyLease lease(path, state_->credential);
-  runStatement(state_->handle, "ATTACH ?1 AS " + name, {uri(path, uriOptions)});
+  if (exclusive) {
+    attachExclusively(path, uri(path, uriOptions), name);
+  } else {
+    runStatement(state_->handle, "ATTACH ?1 AS " + name, {uri(path, uriOptions)});
+  }
   std::shared_ptr<AttachedFile> file(new AttachedFile(*this, path, name, readOnly, exclusive));
   try {
     if (initial != nullptr) file->initialise(*initial);
@@ -225,6 +229,21 @@ std::shared_ptr<AttachedFile> Connection::attach(const std::string& path, const 
   }
   state_->files.push_back(file);
   return file;
+}
+
+// Only a file that is attached in exclusive mode from the start does without the index that others share. The
+// mode is set for all files, and taken back from the others before any of them is touched.
+void Connection::attachExclusively(const std::string& path, const std::string& name,
+                                   const std::string& schemaName) {
+  state_->run("PRAGMA locking_mode = EXCLUSIVE", "Opening a file");
+  try {
+    runStatement(state_->handle, "ATTACH ?1 AS " + schemaName, {name});
+  } catch (const Error& error) {
+    state_->run("PRAGMA locking_mode = NORMAL", "Opening a file");
+    if (error.number() != errors::busy) throw;
+    throw Error(errors::locked, "The file " + path + " is in use by another program.");
+  }
+  state_->run("PRAGMA locking_mode = NORMAL", "Opening a file");
 }
 
 void Connection::detach(AttachedFile& file) {

@@ -110,6 +110,7 @@ class Connection {
   struct State;
   std::shared_ptr<AttachedFile> attach(const std::string& path, const std::string& uriOptions, bool readOnly,
                                        bool exclusive, const CatalogData* initial = nullptr);
+  void attachExclusively(const std::string& path, const std::string& name, const std::string& schemaName);
   void detach(AttachedFile& file);
   void noticeLostTransaction();
   void reloadCatalogues();

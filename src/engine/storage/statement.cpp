@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <cerrno>
 #include <utility>
 
 #include "engine/storage/messages.h"
@@ -12,10 +11,10 @@ namespace engine::storage {
 
 namespace {
 
-bool isFull(int code, int systemError) {
-  if ((code & 0xff) == SQLITE_FULL) return true;
-  return (code & 0xff) == SQLITE_IOERR &&
-         (systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG);
+// A limit on the size of a file and a used-up quota come as failed writes, and the cause in errno is gone by
+// the time that SQLite reports them.
+bool isFull(int code) {
+  return (code & 0xff) == SQLITE_FULL || code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC;
 }
 
 int constraintNumber(int code) {
@@ -37,9 +36,8 @@ int constraintNumber(int code) {
 
 void raise(sqlite3* connection, int code, const std::string& doing) {
   const std::string message = connection != nullptr ? sqlite3_errmsg(connection) : sqlite3_errstr(code);
-  const int systemError = connection != nullptr ? sqlite3_system_errno(connection) : errno;
   const std::string because = doing + ": " + message + ".";
-  if (isFull(code, systemError)) throw Error(errors::diskFull, doing + ": the disk is full.");
+  if (isFull(code)) throw Error(errors::diskFull, doing + ": the disk is full or fails.");
   switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
