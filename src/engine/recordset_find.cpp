@@ -133,7 +133,7 @@ void Recordset::Impl::collectHits(const std::string& criterion, std::vector<std:
 }
 
 void Recordset::Impl::findInSpool(Direction direction, const std::string& criterion) {
-  const std::string condition = query_->bind(criterion);
+  const std::string condition = query_->bindOnCopy(criterion);
   RecordsetSpool& spool = entries_->spool();
   const bool backwards = direction == Direction::last || direction == Direction::previous;
   std::int64_t from = backwards ? spool.size() - 1 : 0;

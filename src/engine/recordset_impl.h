@@ -26,9 +26,7 @@ class Recordset::Impl {
   std::size_t field(const std::string& name);
   Value value(std::size_t field);
   bool endOfFile() const { return place_ == Place::after; }
-  bool beginOfFile() const {
-    return place_ == Place::before || (place_ == Place::after && entries_->known() == 0);
-  }
+  bool beginOfFile() const;
   void moveFirst();
   void moveLast();
   void moveNext();

@@ -59,10 +59,15 @@ void Recordset::Impl::describeFields() {
       info.sourceTable = source.table->name;
       info.sourceField = source.table->columns[static_cast<std::size_t>(output.column)].name;
       info.updatable = plan.keyed && query_->source().kind != RecordsetKind::snapshot &&
-                       !query_->connection().fileOf(*source.file).readOnly();
+                       !query_->source().readOnly && !query_->connection().fileOf(*source.file).readOnly();
     }
     fields_.push_back(std::move(info));
   }
+}
+
+bool Recordset::Impl::beginOfFile() const {
+  const std::int64_t rows = entries_->keyed() ? entries_->keys().size() : entries_->known();
+  return place_ == Place::before || (place_ == Place::after && rows == 0);
 }
 
 std::size_t Recordset::Impl::field(const std::string& name) {

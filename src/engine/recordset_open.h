@@ -19,6 +19,7 @@ struct RecordsetSource {
   RecordsetKind kind = RecordsetKind::dynaset;
   Parameters parameters;
   Interface way = Interface::first;
+  bool readOnly = false;  ///< the set refuses to write, though others may write to the file
 };
 
 /// Opens a recordset. Throws 3078 for an unknown table or query, 3061 naming the parameters that the text

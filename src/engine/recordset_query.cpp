@@ -126,6 +126,11 @@ std::string RecordsetQuery::bind(const std::string& criterion) {
   return plan::bindCriterion(plan(), *condition, context_);
 }
 
+std::string RecordsetQuery::bindOnCopy(const std::string& criterion) {
+  const sql::ExprPtr condition = sql::parseCondition(criterion);
+  return plan::bindCriterionOnCopy(plan(), *condition, context_);
+}
+
 std::string RecordsetQuery::where(const std::string& criterion) {
   std::string text;
   const auto add = [&](const std::string& condition) {

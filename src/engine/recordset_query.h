@@ -26,8 +26,10 @@ class RecordsetQuery {
   const plan::Plan& plan();
   /// The filters and `criterion` (both may be missing) as SQLite text over the plan's rows.
   std::string where(const std::string& criterion = {});
-  /// A condition of the dialect as SQLite text. Throws 3070, 3075.
+  /// A condition of the dialect as SQLite text, for the plan's statements or for a spool of its rows.
+  /// Throws 3070, 3075.
   std::string bind(const std::string& criterion);
+  std::string bindOnCopy(const std::string& criterion);
   /// A statement with the parameters bound that it has.
   storage::StatementLease statement(const std::string& text);
   /// Binds what statement() binds.

@@ -11,8 +11,7 @@ namespace {
 /// A column of the table: named by its number, without a type so that values stay as they were.
 std::string columnDefinition(const plan::Plan& plan, std::size_t column) {
   const std::string& collation = plan.columns[column].collation;
-  return schema::quoteName(std::to_string(column)) +
-         (collation.empty() ? "" : " COLLATE " + schema::quoteName(collation));
+  return "c" + std::to_string(column) + (collation.empty() ? "" : " COLLATE " + schema::quoteName(collation));
 }
 
 }  // namespace
