@@ -14,7 +14,8 @@ namespace {
 // A limit on the size of a file and a used-up quota come as failed writes, and the cause in errno is gone by
 // the time that SQLite reports them.
 bool isFull(int code) {
-  return (code & 0xff) == SQLITE_FULL || code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC;
+  return (code & 0xff) == SQLITE_FULL || code == SQLITE_IOERR_WRITE || code == SQLITE_IOERR_FSYNC ||
+         code == SQLITE_IOERR_SHMSIZE || code == SQLITE_IOERR_TRUNCATE;
 }
 
 int constraintNumber(int code) {
