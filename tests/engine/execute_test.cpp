@@ -71,11 +71,6 @@ TEST_F(ExecuteTest, InsertsOneRowWithItsTypesTakenFromText) {
 TEST_F(ExecuteTest, InsertsTheRowsOfASelectAndSkipsThoseThatBreakARule) {
   add({"a", "b", "c"});
   run("create table Quelle (nr long, wort longtext)");
-  for (const char* values : {"(1,'eins')", "(9,'kein Eintrag')", "(2,'')", "(3,null)"}) {
-    run(std::string("insert into quelle(nr,wort) values ") + values == "x"
-            ? ""
-            : "delete from quelle where nr=77");
-  }
   auto source = database.OpenRecordset("Quelle");
   const auto put = [&](int nr, const Value& word) {
     source.AddNew();
@@ -115,9 +110,7 @@ TEST_F(ExecuteTest, UpdatesByExpressionAndByConstant) {
   EXPECT_EQ(run("UPDATE woerterbuch SET ebene = 1 WHERE begriff = 'keiner'"), 0);
   EXPECT_EQ(
       rows("select begriff, sortbegriff, ebene, bemerkung, id_woerterbuch1, unterbegriff from woerterbuch"),
-      (Rows{"a|a|1|~|7|-1", "b|b|-5|~|7|-1", "c|c3|2|~|7|-1", "d|d4|2|~|7|-1"}).size() == 4
-          ? (Rows{"a|a|1|neu|7|-1", "b|b|-5|neu|7|-1", "c|c3|2|neu|7|-1", "d|d4|2|neu|7|-1"})
-          : Rows{});
+      (Rows{"a|a|1|neu|7|-1", "b|b|-5|neu|7|-1", "c|c3|2|neu|7|-1", "d|d4|2|neu|7|-1"}));
   // Exchanging two columns reads the old values of both.
   run("UPDATE woerterbuch SET sortbegriff = begriff, begriff = sortbegriff WHERE id_woerterbuch = 3");
   EXPECT_EQ(rows("select begriff, sortbegriff from woerterbuch where id_woerterbuch = 3"), Rows{"c3|c"});
