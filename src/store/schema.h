@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shell/session/session.h"
+
+/// What a dictionary file holds: tables with their indexes, relations, properties of fields.
+namespace store {
+
+/// The version of the schema that new files bear.
+inline constexpr const char* currentVersion = "202301";
+
+/// Creates all tables and indexes in an empty file. Throws what the engine throws.
+void CreateTables(engine::Database& db);
+/// Creates one of the tables with its indexes in a file that lacks it.
+void CreateTable(engine::Database& db, std::string_view name);
+/// Adds the enforced relations; all of them cascade updates and deletions.
+void CreateRelations(engine::Database& db);
+/// Lets the listed text fields take the empty text; all others refuse it.
+void SetTableProperties(engine::Database& db);
+/// Marks the listed text fields as compressed, opening the file afresh for each table.
+void SetUniCodeCompression(session::Session& s, const std::string& path);
+
+}  // namespace store
