@@ -48,7 +48,8 @@ void setTabs(frmEintrag& form) {
 }
 
 std::string stubHeadword(const frmEintrag& form, const std::string& wanted) {
-  if (form.Blog) return base::formatDate(base::DateTime::now(), form.DateFormat);
+  if (form.Blog)
+    return base::formatDate(base::DateTime::now(), form.DateFormat, form.session.texts.UILanguage == 2);
   return wanted.empty() ? session::labelText(form.session, label::new_headword) : wanted;
 }
 

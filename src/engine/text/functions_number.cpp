@@ -23,39 +23,50 @@ Value wholeIfItFits(double number) {
   return number;
 }
 
+// A date as the file holds it, with its time.
+std::optional<base::DateTime> isoDate(const Value& value) {
+  if (!value.isText() || value.text().size() != 19) return std::nullopt;
+  return base::DateTime::fromIso(value.text());
+}
+
+// A date counts as its day number.
+double real(const Value& value) {
+  const auto date = isoDate(value);
+  return date ? Value(*date).asReal() : value.asReal();
+}
+
 Value inRange(const Value& value, std::int64_t least, std::int64_t most) {
-  const std::int64_t number = value.asInteger();
+  const auto date = isoDate(value);
+  const std::int64_t number = date ? Value(*date).asInteger() : value.asInteger();
   if (number < least || number > most) throw Error(errors::overflow, "The number is too large.");
   return number;
 }
 
 Value abs(Arguments a) {
-  if (!isWhole(a[0])) return std::abs(a[0].asReal());
-  return inRange(a[0], -std::numeric_limits<std::int64_t>::max(), std::numeric_limits<std::int64_t>::max()) ==
-                 a[0]
-             ? Value(std::abs(a[0].asInteger()))
-             : Value();
+  if (!isWhole(a[0])) return std::abs(real(a[0]));
+  constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
+  return std::abs(inRange(a[0], -most, most).asInteger());
 }
 Value intPart(Arguments a) {
-  return isWhole(a[0]) ? a[0] : wholeIfItFits(std::floor(a[0].asReal()));
+  return isWhole(a[0]) ? a[0] : wholeIfItFits(std::floor(real(a[0])));
 }
 Value fix(Arguments a) {
-  return isWhole(a[0]) ? a[0] : wholeIfItFits(std::trunc(a[0].asReal()));
+  return isWhole(a[0]) ? a[0] : wholeIfItFits(std::trunc(real(a[0])));
 }
 Value round(Arguments a) {
   const std::int64_t digits = a.size() > 1 ? a[1].asInteger() : 0;
   if (digits < 0 || digits > 22) refuseArgument("round");
   if (isWhole(a[0])) return a[0];
   const double scale = std::pow(10.0, static_cast<double>(digits));
-  return wholeIfItFits(std::nearbyint(a[0].asReal() * scale) / scale);
+  return wholeIfItFits(std::nearbyint(real(a[0]) * scale) / scale);
 }
 Value sgn(Arguments a) {
-  const double number = a[0].asReal();
+  const double number = real(a[0]);
   return number < 0 ? -1 : number > 0 ? 1 : 0;
 }
 Value sqr(Arguments a) {
-  if (a[0].asReal() < 0) refuseArgument("sqr");
-  return std::sqrt(a[0].asReal());
+  if (real(a[0]) < 0) refuseArgument("sqr");
+  return std::sqrt(real(a[0]));
 }
 
 // The number a text begins with, blanks skipped; 0 when it begins with none.
@@ -68,7 +79,7 @@ Value val(Arguments a) {
   return result.ec == std::errc{} && std::isfinite(number) ? wholeIfItFits(number) : Value(0);
 }
 Value str(Arguments a) {
-  const double number = a[0].asReal();
+  const double number = real(a[0]);
   const std::string text = isWhole(a[0]) ? a[0].asText() : wholeIfItFits(number).asText();
   return number < 0 ? text : " " + text;
 }
@@ -83,7 +94,7 @@ Value cint(Arguments a) {
   return inRange(a[0], -32768, 32767);
 }
 Value cdbl(Arguments a) {
-  return a[0].asReal();
+  return real(a[0]);
 }
 Value cbool(Arguments a) {
   return a[0].asBoolean();
@@ -136,12 +147,6 @@ constexpr Function functions[] = {
 
 bool anyNull(Arguments a) {
   return a[0].isNull() || a[1].isNull();
-}
-
-// A date as the file holds it, with its time.
-std::optional<base::DateTime> isoDate(const Value& value) {
-  if (!value.isText() || value.text().size() != 19) return std::nullopt;
-  return base::DateTime::fromIso(value.text());
 }
 
 base::DateTime shifted(base::DateTime date, double days) {
