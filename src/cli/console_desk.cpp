@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
@@ -30,6 +31,7 @@ void Console::onForm(const std::string& formName, std::function<void(platform::F
 }
 
 int Console::message(const std::string& text, int flags, const std::string&) {
+  if (isQuestion(flags) && next_ != 0) return std::exchange(next_, 0);
   std::cerr << asLines(text) << std::endl;
   if (!isQuestion(flags)) return platform::box::answerOk;
   if (!answers_.empty()) {

@@ -18,6 +18,9 @@ class Console : public platform::Boxes, public platform::Screen, public platform
 
   /// The path that the next file dialog returns.
   void answerFileDialog(platform::FileChoice choice) { fileChoices_.push_back(std::move(choice)); }
+  /// The answer to the next question, before those of the command line; forgotten when none was asked.
+  void answerNext(int answer) { next_ = answer; }
+  void forgetNext() { next_ = 0; }
   /// What happens when a form of this name is shown; replaces an earlier handler.
   void onForm(const std::string& formName, std::function<void(platform::Form&)> handler);
   platform::Desk desk() { return {*this, *this, *this}; }
@@ -50,6 +53,7 @@ class Console : public platform::Boxes, public platform::Screen, public platform
   platform::FileChoice nextFile();
 
   bool yes_;
+  int next_ = 0;
   std::deque<int> answers_;
   std::deque<platform::FileChoice> fileChoices_;
   std::map<std::string, std::function<void(platform::Form&)>> handlers_;

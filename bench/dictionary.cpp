@@ -1,0 +1,279 @@
+// Speed of whole operations on dictionaries: import, publishing, opening, finding, closing. Each figure
+// stands beside a yardstick of the same work over the plain SQLite C interface in the same run.
+//
+// usage: bench_dictionary [folder] [entries]   the folder keeps the made dictionaries between runs
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "base/text.h"
+#include "browse/frmWoerter.h"
+#include "cli/console_desk.h"
+#include "exchange/frmImportExternalDB.h"
+#include "plain.h"
+#include "publish/frmPrint.h"
+#include "shell/frame/firstent.h"
+#include "shell/frame/frmMDI.h"
+#include "store/close.h"
+
+namespace bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Word {
+  std::string headword, meaning;
+};
+
+/// Words made of syllables, the same in every run.
+std::vector<Word> makeWords(std::size_t count) {
+  static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
+                                    "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
+                                    "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
+  std::mt19937 random(7);
+  std::uniform_int_distribution<std::size_t> pick(0, std::size(syllables) - 1), length(2, 5);
+  std::vector<Word> words(count);
+  for (std::size_t n = 0; n < count; ++n) {
+    std::string text;
+    for (std::size_t s = length(random); s > 0; --s) text += syllables[pick(random)];
+    words[n] = {text + std::to_string(n), "sense of " + text};
+  }
+  return words;
+}
+
+void writeWordList(const std::string& path, const std::vector<Word>& words) {
+  std::ofstream file(path, std::ios::binary);
+  file << "headword;meaning\n";
+  for (const Word& word : words) file << word.headword << ';' << word.meaning << '\n';
+}
+
+[[noreturn]] void stop(const std::string& what) {
+  std::fprintf(stderr, "bench: %s failed\n", what.c_str());
+  std::exit(1);
+}
+
+/// The program as a shell command runs it, in a home of its own.
+struct Program {
+  explicit Program(const std::string& folder) : console(true, {}), session(console.desk()), frame(session) {
+    setenv("APPDATA", (folder + "/home").c_str(), 1);
+    const std::string program = fs::read_symlink("/proc/self/exe").parent_path().parent_path().string();
+    if (!frame::frmStart_Load(session, program) || !frame::frmMDI_Initialize(frame) ||
+        !frame::frmMDI_Load(frame))
+      stop("the start");
+  }
+  void open(const std::string& path) {
+    console.answerFileDialog({path});
+    if (!frame::mnuOpen(frame)) stop("opening " + path);
+  }
+  void close() { store::CloseCurrentDB(session); }
+
+  cli::Console console;
+  session::Session session;
+  frame::frmMDI frame;
+};
+
+void makeDictionary(Program& program, const std::string& path) {
+  program.console.onForm("frmChooseDBType", [](platform::Form& shown) {
+    frame::choosePanel(dynamic_cast<frame::frmChooseDBType&>(shown), 1);
+  });
+  program.console.onForm("firstent", [](platform::Form& shown) {
+    auto& wizard = dynamic_cast<frame::firstent&>(shown);
+    wizard.sourceLanguage = "Deutsch";
+    wizard.targetLanguage = "Englisch";
+    wizard.description = "Benchmark";
+    wizard.sortOrder = wizard.sortOrders.front();
+    frame::finish(wizard);
+  });
+  program.console.onForm("frmEintrag", [](platform::Form&) {});
+  program.console.answerFileDialog({path});
+  if (!frame::mnuNew(program.frame)) stop("making " + path);
+}
+
+void importList(Program& program, const std::string& list) {
+  program.console.answerFileDialog({list});
+  program.console.onForm("frmTextImport", [](platform::Form& shown) {
+    exchange::accept(dynamic_cast<exchange::frmTextImport&>(shown));
+  });
+  program.console.onForm("frmImportExternalDB", [](platform::Form& shown) {
+    auto& form = dynamic_cast<exchange::frmImportExternalDB&>(shown);
+    exchange::mapColumn(form, exchange::Target::Begriff, 0);
+    exchange::mapColumn(form, exchange::Target::Wortbedeutung, 1);
+    exchange::importRows(form);
+  });
+  if (!exchange::importTextFormat(program.session)) stop("importing " + list);
+}
+
+double bareInserts(const std::string& path, const std::vector<Word>& words) {
+  PlainFile file(path, true);
+  PlainStatement entry(
+      file.connection(),
+      "INSERT INTO woerterbuch (main, begriff, sortbegriff, metasuche, ebene, prioritaet, stamp,"
+      " databasename, changed) VALUES (?1, ?2, ?3, ?4, 1, 1, ?5, ?6, ?7)");
+  PlainStatement meaning(
+      file.connection(),
+      "INSERT INTO wortbedeutung (entry, wortbedeutung, databasename) VALUES (?1, ?2, ?3)");
+  const double start = now();
+  file.run("BEGIN");
+  std::int64_t id = 0;
+  for (const Word& word : words) {
+    entry.bind(1, ++id);
+    entry.bind(2, word.headword);
+    entry.bind(3, word.headword);
+    entry.bind(4, "//" + word.headword + "////" + word.meaning);
+    entry.bind(5, "2026-01-01 12:00:00");
+    entry.bind(6, path);
+    entry.bind(7, "01.01.2026 12:00:00");
+    entry.run();
+    meaning.bind(1, id);
+    meaning.bind(2, word.meaning);
+    meaning.bind(3, path);
+    meaning.run();
+  }
+  file.run("COMMIT");
+  return now() - start;
+}
+
+/// Walks entries and senses in their order and writes the bytes that the publication holds.
+double joinedWalk(const std::string& plain, const std::vector<std::string>& pages,
+                  const std::string& target) {
+  std::string bytes;
+  for (const std::string& page : pages) {
+    std::ifstream file(page, std::ios::binary);
+    bytes.append(std::istreambuf_iterator<char>(file), {});
+  }
+  PlainFile file(plain, false);
+  PlainStatement walk(
+      file.connection(),
+      "SELECT w.id, w.begriff, w.metasuche, b.id, b.wortbedeutung FROM woerterbuch w LEFT JOIN"
+      " wortbedeutung b ON b.entry = w.id ORDER BY w.sortbegriff, b.wortbedeutung, b.id");
+  const double start = now();
+  std::ofstream out(target, std::ios::binary);
+  std::size_t rows = 0, read = 0, written = 0;
+  PlainStatement count(file.connection(), "SELECT count(*) FROM wortbedeutung");
+  count.step();
+  const auto total = static_cast<std::size_t>(count.integer(0));
+  while (walk.step()) {
+    read += walk.text(1).size() + walk.text(2).size() + walk.text(4).size();
+    const std::size_t until = bytes.size() * std::min(++rows, total) / std::max<std::size_t>(total, 1);
+    out.write(bytes.data() + written, static_cast<std::streamsize>(until - written));
+    written = until;
+  }
+  out.flush();
+  if (read == 0 || written != bytes.size()) stop("the joined walk");
+  return now() - start;
+}
+
+void importAndPublish(const std::string& folder, std::size_t count) {
+  const auto words = makeWords(count);
+  const std::string list = folder + "/words.txt", dictionary = folder + "/PUBLISH.CVB",
+                    plain = folder + "/plain.db";
+  writeWordList(list, words);
+  Program program(folder);
+  fs::remove(dictionary);
+  makeDictionary(program, dictionary);
+  const double start = now();
+  importList(program, list);
+  const double ours = now() - start;
+  report("import of " + std::to_string(count) + " delimited rows", ours, bareInserts(plain, words), "4");
+
+  auto& database = program.session.files.CurrentDB;
+  PlainFile file(plain, false);
+  for (const char* more : {"another ", "third "}) {
+    database.Execute(
+        std::string("insert into wortbedeutung (id_woerterbuch, wortbedeutung) select id_woerterbuch, '") +
+        more + "' & begriff from woerterbuch");
+    file.run(std::string("INSERT INTO wortbedeutung (entry, wortbedeutung) SELECT id, '") + more +
+             "' || begriff FROM woerterbuch");
+  }
+  fs::create_directories(folder + "/pages");
+  publish::frmPrint form(program.session);
+  publish::applyProjectType(form);
+  program.console.answerFileDialog({folder + "/pages/words.htm"});
+  const double published = now();
+  if (!publish::publishNow(form)) stop("publishing");
+  const double publishing = now() - published;
+  report("publishing " + std::to_string(count) + " entries of three senses", publishing,
+         joinedWalk(plain, form.writtenFiles, folder + "/plain-pages"), "3");
+  program.close();
+}
+
+void makeLarge(const std::string& folder, const std::string& path, std::size_t count) {
+  if (fs::exists(path)) return;
+  const std::string list = folder + "/large.txt";
+  writeWordList(list, makeWords(count));
+  Program program(folder);
+  makeDictionary(program, path);
+  importList(program, list);
+  program.close();
+}
+
+struct Opening {
+  double firstPage = 0, page = 0, find = 0;
+};
+
+Opening openAndFind(const std::string& folder, const std::string& path, std::size_t count) {
+  Opening result;
+  Program program(folder);
+  const double start = now();
+  program.open(path);
+  result.firstPage = now() - start;
+  browse::frmWoerter& browser = *program.frame.browsers.front().form;
+  const double pageStart = now();
+  for (int n = 0; n < 20; ++n) browse::BuildWordTreeNew(browser);
+  result.page = (now() - pageStart) / 20;
+  const auto words = makeWords(count);
+  std::vector<double> finds;
+  for (std::size_t n = 0; n < 20; ++n) {
+    const std::string& headword = words[(n + 1) * (count / 21)].headword;
+    const double findStart = now();
+    browse::searchBoxChanged(browser, headword);
+    finds.push_back(now() - findStart);
+    if (browser.list.size() == 0 || browser.list.List2.front() != headword) stop("finding " + headword);
+  }
+  result.find = *std::max_element(finds.begin(), finds.end());
+  program.close();
+  return result;
+}
+
+void openToClosed(const std::string& folder, const std::string& path) {
+  for (const bool change : {false, true}) {
+    Program program(folder);
+    const double start = now();
+    program.open(path);
+    if (change)
+      program.session.files.CurrentDB.Execute(
+          "UPDATE  woerterbuch SET bemerkung = 'x' Where id_woerterbuch = 5");
+    program.close();
+    report(std::string("open to closed, ") + (change ? "one entry changed" : "unchanged"), now() - start, "s",
+           "");
+  }
+}
+
+void openLarge(const std::string& folder, std::size_t count) {
+  const std::string small = folder + "/SMALL.CVB", large = folder + "/LARGE" + std::to_string(count) + ".CVB";
+  makeLarge(folder, small, 10000);
+  makeLarge(folder, large, count);
+  const Opening few = openAndFind(folder, small, 10000);
+  const Opening many = openAndFind(folder, large, count);
+  report("opening, count and first page at " + std::to_string(count), many.firstPage * 1000, "ms", "300 ms");
+  report("a page at " + std::to_string(count) + " against 10000", many.page, few.page, "1.5");
+  report("finding a headword and placing the list, the slowest of 20", many.find * 1000, "ms", "5 ms");
+  report("memory after opening and finding", peakMemory(), "MiB", "200 MiB");
+  openToClosed(folder, large);
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+  const std::string folder = std::filesystem::absolute(argc > 1 ? argv[1] : "bench-data").string();
+  const std::size_t entries = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1000000;
+  std::filesystem::create_directories(folder);
+  std::printf("| what | Vocarium | yardstick | ratio | aim |\n|---|---|---|---|---|\n");
+  bench::openLarge(folder, entries);
+  bench::importAndPublish(folder, std::min<std::size_t>(entries, 100000));
+}

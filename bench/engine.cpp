@@ -1,0 +1,297 @@
+// Speed of recordsets over the entries of a large dictionary. Each figure stands beside a yardstick: the
+// same question put to the plain SQLite C interface over an unencrypted file with the same rows.
+//
+// usage: bench_engine [folder] [entries]   the folder keeps the made files between runs
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "engine/workspace.h"
+#include "plain.h"
+
+namespace bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int pageRows = 49;
+
+constexpr const char* entryList =
+    "SELECT woerterbuch.*, woerterbuch.ID_Woerterbuch From woerterbuch ORDER BY woerterbuch.SortBegriff;";
+
+/// The headword of the n-th entry: words in no order, the same in every run.
+std::string headword(std::int64_t n) {
+  static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
+                                    "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
+                                    "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
+  std::uint64_t bits = (static_cast<std::uint64_t>(n) + 1) * 0x9e3779b97f4a7c15U;
+  bits = (bits ^ (bits >> 31)) * 0xbf58476d1ce4e5b9U;
+  bits ^= bits >> 29;
+  std::string word;
+  for (std::uint64_t syllable = 2 + bits % 4; syllable > 0; --syllable) {
+    bits >>= 8;
+    word += syllables[bits % std::size(syllables)];
+  }
+  return word + std::to_string(n);
+}
+
+/// The memory that making the files took is not counted.
+void forgetPeakMemory() {
+  std::ofstream("/proc/self/clear_refs") << "5";
+}
+
+engine::Workspace workspace() {
+  return engine::Workspace({"", "VocariumUser", "built-in", "", false});
+}
+
+void makeTables(engine::Database& database) {
+  for (const char* statement :
+       {"CREATE TABLE [Woerterbuch] ([ID_Woerterbuch] COUNTER,[ID_Woerterbuch1] LONG,[Begriff] TEXT(250),"
+        "[SortBegriff] TEXT(250),[PraefixBegriff] TEXT(3),[MetaSuche] LONGTEXT,[Ebene] SHORT,[Aussprache] "
+        "TEXT(250),"
+        "[Bemerkung] LONGTEXT,[Unterbegriff] BIT,[Klang] TEXT(50),[Prioritaet] SHORT,[Bild] TEXT(50),"
+        "[DateTimeStamp] DATE,[DatabaseName] LONGTEXT,[InBearbeitung] BIT,[DateTimeStampLastChange] "
+        "TEXT(50))",
+        "CREATE INDEX [Begriff] ON [Woerterbuch] ([Begriff])",
+        "CREATE INDEX [SortBegriff] ON [Woerterbuch] ([SortBegriff])",
+        "CREATE INDEX [ID_Woerterbuch1] ON [Woerterbuch] ([ID_Woerterbuch1])",
+        "CREATE UNIQUE INDEX [ID_Woerterbuch] ON [Woerterbuch] ([ID_Woerterbuch])",
+        "CREATE UNIQUE INDEX [PrimaryKey] ON [Woerterbuch] ([ID_Woerterbuch]) WITH PRIMARY",
+        "CREATE INDEX [DateTimeStamp] ON [Woerterbuch] ([DateTimeStamp])",
+        "CREATE TABLE [Wortbedeutung] ([ID_Wortbedeutung] COUNTER,[ID_Woerterbuch] LONG,[Wortbedeutung] "
+        "TEXT(250),"
+        "[DatabaseName] LONGTEXT)",
+        "CREATE INDEX [ID_Woerterbuch] ON [Wortbedeutung] ([ID_Woerterbuch])",
+        "CREATE UNIQUE INDEX [PrimaryKey] ON [Wortbedeutung] ([ID_Wortbedeutung]) WITH PRIMARY"}) {
+    database.Execute(statement);
+  }
+}
+
+void makeEngineFile(const std::string& path, std::int64_t count) {
+  if (fs::exists(path)) return;
+  engine::Workspace space = workspace();
+  engine::Database database = space.CreateDatabase(path, ";LANGID=0x0407;CP=1252;COUNTRY=0", 2);
+  makeTables(database);
+  engine::Recordset entries = database.OpenRecordset("Woerterbuch");
+  const base::DateTime stamp = base::DateTime::of(2024, 3, 1, 12, 0, 0);
+  for (std::int64_t n = 0; n < count; ++n) {
+    const std::string word = headword(n);
+    entries.AddNew();
+    entries.set("ID_Woerterbuch1", entries["ID_Woerterbuch"]);
+    entries.set("Begriff", word);
+    entries.set("SortBegriff", word);
+    entries.set("MetaSuche", "//" + word + "////sense of " + word);
+    entries.set("Ebene", 1);
+    entries.set("Prioritaet", 1);
+    entries.set("DateTimeStamp", stamp.plusDays(n % 1000));
+    entries.set("DatabaseName", path);
+    entries.Update();
+    if (n % 50000 == 0) space.Idle();
+  }
+  entries.Close();
+  space.Idle();
+}
+
+void makePlainFile(const std::string& path, std::int64_t count) {
+  if (fs::exists(path)) return;
+  PlainFile file(path, true);
+  file.run(
+      "CREATE TABLE entry (id INTEGER PRIMARY KEY AUTOINCREMENT, main INTEGER, begriff TEXT COLLATE NOCASE,"
+      " sort TEXT COLLATE NOCASE, praefix TEXT, meta TEXT, ebene INTEGER, aussprache TEXT, bemerkung TEXT,"
+      " unterbegriff INTEGER, klang TEXT, prio INTEGER, bild TEXT, stamp TEXT, name TEXT, bearbeitung "
+      "INTEGER,"
+      " changed TEXT)");
+  file.run("CREATE INDEX e1 ON entry (begriff)");
+  file.run("CREATE INDEX e2 ON entry (sort)");
+  file.run("CREATE INDEX e3 ON entry (main)");
+  file.run("CREATE INDEX e4 ON entry (stamp)");
+  file.run("BEGIN");
+  PlainStatement insert(
+      file.connection(),
+      "INSERT INTO entry (main, begriff, sort, meta, ebene, unterbegriff, prio, stamp, name, "
+      "bearbeitung) VALUES (?1, ?2, ?2, ?3, 1, 0, 1, ?4, ?5, 0)");
+  const base::DateTime stamp = base::DateTime::of(2024, 3, 1, 12, 0, 0);
+  for (std::int64_t n = 0; n < count; ++n) {
+    const std::string word = headword(n);
+    insert.bind(1, n + 1);
+    insert.bind(2, word);
+    insert.bind(3, "//" + word + "////sense of " + word);
+    insert.bind(4, stamp.plusDays(n % 1000).iso());
+    insert.bind(5, path);
+    insert.run();
+  }
+  file.run("COMMIT");
+}
+
+[[noreturn]] void stop(const char* what) {
+  std::fprintf(stderr, "bench: wrong result: %s\n", what);
+  std::exit(1);
+}
+
+/// The middle of three runs, each over files opened anew.
+template <class Run>
+double middleOfThree(Run&& run) {
+  double seconds[3];
+  for (double& each : seconds) each = run();
+  std::sort(std::begin(seconds), std::end(seconds));
+  return seconds[1];
+}
+
+struct Seen {
+  std::int64_t rows = 0, sum = 0;
+  std::size_t bytes = 0;
+  bool operator==(const Seen&) const = default;
+};
+
+double walkEngine(const std::string& path, Seen& seen) {
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(path);
+  seen = {};
+  const double start = now();
+  engine::Recordset rows = database.OpenRecordset(entryList);
+  const std::size_t id = rows.field("ID_Woerterbuch"), word = rows.field("Begriff"),
+                    level = rows.field("Ebene");
+  for (; !rows.EndOfFile(); rows.MoveNext()) {
+    ++seen.rows;
+    seen.sum += rows.value(id).asInteger() + rows.value(level).asInteger();
+    seen.bytes += rows.value(word).text().size();
+  }
+  return now() - start;
+}
+
+double walkPlain(const std::string& path, Seen& seen) {
+  PlainFile file(path, false);
+  seen = {};
+  const double start = now();
+  PlainStatement rows(file.connection(), "SELECT id, begriff, ebene FROM entry ORDER BY sort");
+  while (rows.step()) {
+    ++seen.rows;
+    seen.sum += rows.integer(0) + rows.integer(2);
+    seen.bytes += rows.text(1).size();
+  }
+  return now() - start;
+}
+
+void readPage(engine::Recordset& rows) {
+  std::size_t bytes = 0;
+  for (int i = 0; i < pageRows && !rows.EndOfFile(); ++i, rows.MoveNext()) {
+    for (const char* field : {"EBENE", "SORTBEGRIFF", "id_woerterbuch", "ID_Woerterbuch1", "DATABASENAME",
+                              "BEGRIFF", "UNTERBEGRIFF", "InBearbeitung"}) {
+      bytes += rows[field].textOrEmpty().size();
+    }
+  }
+  if (bytes == 0) stop("an empty page");
+}
+
+/// Opening, counting and the first page; `pageAlone` is the page's share.
+double firstPage(const std::string& path, std::int64_t count, double& pageAlone) {
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(path);
+  const double start = now();
+  engine::Recordset rows = database.OpenRecordset(entryList);
+  rows.MoveLast();
+  if (rows.RecordCount() != count) stop("the count");
+  const double counted = now();
+  rows.MoveFirst();
+  readPage(rows);
+  pageAlone = now() - counted;
+  return now() - start;
+}
+
+double firstPagePlain(const std::string& path, std::int64_t count) {
+  PlainFile file(path, false);
+  const double start = now();
+  PlainStatement all(file.connection(), "SELECT count(*) FROM entry");
+  if (!all.step() || all.integer(0) != count) stop("the yardstick's count");
+  PlainStatement rows(file.connection(),
+                      "SELECT ebene, sort, id, main, name, begriff, unterbegriff, bearbeitung "
+                      "FROM entry ORDER BY sort LIMIT 49");
+  std::size_t bytes = 0;
+  while (rows.step()) {
+    for (int column = 0; column < 8; ++column) bytes += rows.text(column).size();
+  }
+  if (bytes == 0) stop("the yardstick's page");
+  return now() - start;
+}
+
+/// A page somewhere in the middle, of a counted set.
+double middlePage(const std::string& path) {
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(path);
+  engine::Recordset rows = database.OpenRecordset(entryList);
+  rows.MoveLast();
+  const std::int64_t count = rows.RecordCount();
+  std::vector<double> seconds;
+  for (int i = 0; i < 51; ++i) {
+    const double start = now();
+    rows.setAbsolutePosition((count - pageRows) * i / 51);
+    readPage(rows);
+    seconds.push_back(now() - start);
+  }
+  std::ranges::sort(seconds);
+  return seconds[25];
+}
+
+/// Finding headwords and their positions in a counted set: the first, the slowest and the middle one.
+void findWords(const std::string& path, std::int64_t count) {
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(path);
+  engine::Recordset rows = database.OpenRecordset(entryList);
+  rows.MoveLast();
+  std::vector<double> seconds;
+  for (std::int64_t i = 0; i < 200; ++i) {
+    const std::string word = headword((i * 7919 + 13) % count);
+    const double start = now();
+    rows.FindFirst("begriff = \"" + word + "\"");
+    const std::int64_t position = rows.AbsolutePosition() + 1;
+    seconds.push_back(now() - start);
+    if (rows.NoMatch() || position < 1 || rows["Begriff"].asText() != word) stop("a find");
+  }
+  report("finding a headword and its position, the first of 200", seconds[0] * 1000, "ms", "5 ms");
+  std::ranges::sort(seconds);
+  report("the slowest of 200", seconds.back() * 1000, "ms", "5 ms");
+  report("the middle of 200", seconds[100] * 1000, "ms", "");
+}
+
+int run(const std::string& folder, std::int64_t count) {
+  fs::create_directories(folder);
+  const std::string number = std::to_string(count);
+  const std::string many = folder + "/engine" + number + ".cvb", few = folder + "/engine10000.cvb",
+                    plain = folder + "/engine" + number + ".db";
+  makeEngineFile(many, count);
+  makeEngineFile(few, 10000);
+  makePlainFile(plain, count);
+  forgetPeakMemory();
+  std::printf("| what, over %s entries | ours | yardstick | ratio | aim |\n|---|---|---|---|---|\n",
+              number.c_str());
+  double page = 0;
+  const double opening = middleOfThree([&] { return firstPage(many, count, page); });
+  report("opening, count and first page", opening,
+         middleOfThree([&] { return firstPagePlain(plain, count); }), "below 0.2 s");
+  double pageOfFew = 0;
+  middleOfThree([&] { return firstPage(few, 10000, pageOfFew); });
+  report("first page after the count, against 10000 entries", page, pageOfFew, "1.5");
+  report("a page in the middle, against 10000 entries", middlePage(many), middlePage(few), "1.5");
+  findWords(many, count);
+  report("memory so far", peakMemory(), "MiB", "200 MiB");
+  Seen ours, theirs;
+  const double walk = middleOfThree([&] { return walkEngine(many, ours); });
+  report("walk in order, three fields", walk, middleOfThree([&] { return walkPlain(plain, theirs); }), "2");
+  if (ours != theirs) stop("the walk");
+  report("memory at the end", peakMemory(), "MiB", "");
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace bench
+
+int main(int argc, char** argv) {
+  const std::string folder = argc > 1 ? argv[1] : "/tmp/vocarium-bench";
+  return bench::run(folder, argc > 2 ? std::atoll(argv[2]) : 1'000'000);
+}

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/recordset.h"
+#include "entry/frmEintrag.h"
+#include "shell/session/session.h"
+
+/// The entry browser without its window: one page of the word list at a time over a recordset of all
+/// entries, jumps to an entry, and the commands that add, edit and delete one.
+namespace browse {
+
+/// How the list is paged; set in the filter dialog.
+struct ListSettings {
+  std::string pageSize = "50";
+  std::string listStart = "---";  ///< number of the row that the list begins with, or "---"
+};
+
+/// The list on show: four lists that stay aligned index for index. The text's marks tell the kinds of
+/// row apart: "--- " before a sub-entry, "   ->" and "   ++" behind a main entry with sub-entries
+/// (closed, opened), "_IN PROCESS_ " before an entry being worked on.
+struct WordList {
+  std::vector<std::string> List2;   ///< display texts
+  std::vector<std::int64_t> List1;  ///< ID_Woerterbuch
+  std::vector<std::int64_t> List3;  ///< ID_Woerterbuch1
+  std::vector<std::string> List4;   ///< DatabaseName
+  int selected = -1;
+
+  std::size_t size() const { return List2.size(); }
+  void clear();
+  void insert(std::size_t at, std::string text, std::int64_t id, std::int64_t mainId,
+              std::string databaseName);
+  void erase(std::size_t at);
+};
+
+struct frmWoerter {
+  explicit frmWoerter(session::Session& s) : session(s), editor(s) {}
+
+  session::Session& session;
+  engine::Recordset rsWoerter;
+  WordList list;
+  ListSettings settings;
+  entry::frmEintrag editor;  ///< stays loaded between visits
+
+  int PageSize = 50;
+  std::int64_t PageNumber = 1;
+  std::vector<std::int64_t> PageStartId;  ///< [n]: first row of page n + 1, 0 where unknown
+  std::int64_t TargetPosition = 0;        ///< from 1; above 0 while a jump is pending
+  std::int64_t TargetMainId = 0;
+  std::int64_t RowCounter = 1;
+  std::array<std::string, 6> LetterSelection;  ///< the first is empty when no letter is chosen
+
+  std::string Text3;  ///< the search box
+  std::string countLabel, caption, pageToolTip;
+  bool backEnabled = false, forwardEnabled = false, selectionEnabled = false;
+  bool closed = false;
+};
+
+/// Rebuilds the view after a change of dictionary, letter or filter.
+void FormInit(frmWoerter& form);
+/// Reopens rsWoerter.
+void LoadAllWords(frmWoerter& form);
+/// Reopens rsWoerter under the ordering in force and updates the count label.
+void SelectByLetter(frmWoerter& form);
+/// Fills the first page, or the page that begins with the pending target, into the four lists.
+void BuildWordTreeNew(frmWoerter& form);
+void pageForward(frmWoerter& form);
+void pageBack(frmWoerter& form);
+
+/// Selects the row at `index` of the list and opens it when it has closed sub-entries.
+void selectRow(frmWoerter& form, int index);
+void SelectEntry(frmWoerter& form);
+/// The search box was typed into.
+void searchBoxChanged(frmWoerter& form, const std::string& text);
+/// Finds the row whose headword equals the search box's text; true when there is one: the jump is then
+/// pending in TargetPosition.
+bool CheckIfEntryExists(frmWoerter& form);
+/// Jumps to CurrentEntryId (to its main entry when it is a sub-entry); offers to make a new entry when
+/// no row matches.
+void SkipToEntry(frmWoerter& form);
+/// Drops the letter and the order by date and shows all.
+void showAllLetters(frmWoerter& form);
+/// Removes the selected row from the lists.
+void VisibleEntryDeleteAll(frmWoerter& form);
+
+/// Carries out session.entry.EntryAction on the selected row: 0 new sub-entry, 1 delete, 2 close, 3 edit,
+/// 4 new main entry. Errors are reported through the error log; true when nothing failed.
+bool AddEditDeleteAction(frmWoerter& form);
+void AddEntry(frmWoerter& form);
+void EditEntry(frmWoerter& form);
+void DeleteEntry(frmWoerter& form);
+
+/// Names of the properties and of the subject fields in their order, for the two combos.
+std::vector<std::string> FillKategorieCombo(frmWoerter& form);
+std::vector<std::string> FillSachgebietCombo(frmWoerter& form);
+
+}  // namespace browse

@@ -1,0 +1,172 @@
+// Selecting a row, opening its sub-entries, and jumping to an entry by text or number.
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "browse/frmWoerter.h"
+#include "catalogue/keys.h"
+#include "shell/session/messages.h"
+#include "shell/session/texts.h"
+#include "store/rewriter.h"
+
+namespace browse {
+
+namespace {
+
+using base::Value;
+
+bool endsWith(const std::string& text, std::string_view end) {
+  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+/// The id of the main entry that a sub-entry hangs on; the id itself where the row is gone.
+std::int64_t mainEntryOf(session::Session& session, std::int64_t mainId) {
+  auto rows = session.files.CurrentDB.OpenRecordset("BegriffParam", engine::RecordsetKind::snapshot,
+                                                    {{"lWortID", mainId}});
+  return rows.EndOfFile() ? mainId : rows["ID_Woerterbuch"].asInteger();
+}
+
+/// Position, main entry and page of the row that rsWoerter stands on, as a pending jump.
+void setTarget(frmWoerter& form) {
+  auto& rows = form.rsWoerter;
+  form.TargetPosition = rows.AbsolutePosition() + 1;
+  const Value mainId = rows["ID_Woerterbuch1"];
+  form.TargetMainId = mainId.isNull() ? rows["woerterbuch.id_woerterbuch"].asInteger() : mainId.asInteger();
+  if (rows["EBENE"].asInteger() != 1) form.TargetMainId = mainEntryOf(form.session, form.TargetMainId);
+  form.PageNumber = form.PageSize == 1 ? form.TargetPosition - 1 : form.TargetPosition / (form.PageSize - 1);
+  const auto at = static_cast<std::size_t>(std::max<std::int64_t>(form.PageNumber, 0));
+  if (form.PageStartId.size() <= at) form.PageStartId.resize(at + 1, 0);
+  form.PageStartId[at] = form.TargetMainId;
+  form.backEnabled = form.PageNumber > 1;
+  form.selectionEnabled = true;
+}
+
+int indexOf(const WordList& list, std::int64_t id) {
+  const auto found = std::find(list.List1.begin(), list.List1.end(), id);
+  return found == list.List1.end() ? -1 : static_cast<int>(found - list.List1.begin());
+}
+
+/// Shows the page of the pending target unless it is on the list already, and selects it.
+void goToTarget(frmWoerter& form) {
+  int index = indexOf(form.list, form.TargetMainId);
+  if (index < 0) {
+    BuildWordTreeNew(form);
+    index = indexOf(form.list, form.TargetMainId);
+  }
+  form.TargetPosition = 0;
+  if (index >= 0) selectRow(form, index);
+}
+
+void openSubEntries(frmWoerter& form, std::size_t at) {
+  auto& list = form.list;
+  std::string& text = list.List2[at];
+  auto rows = form.session.files.CurrentDB.OpenRecordset(
+      "WoerterbuchRelWoertWoert", engine::RecordsetKind::dynaset, {{"lWordID", list.List1[at]}});
+  if (rows.EndOfFile()) {
+    form.session.files.CurrentDB.Execute("UPDATE  woerterbuch SET Unterbegriff = 0 where id_woerterbuch = " +
+                                         std::to_string(list.List1[at]));
+    return;
+  }
+  text.replace(text.size() - 2, 2, "++");
+  for (std::size_t below = at + 1; !rows.EndOfFile(); rows.MoveNext(), ++below) {
+    const std::string headword = rows["BEGRIFF"].textOrEmpty();
+    const bool deeper = !rows["UNTERBEGRIFF"].isNull() && rows["UNTERBEGRIFF"].asBoolean();
+    list.insert(below, deeper ? headword + "   ->" : "--- " + headword,
+                rows["woerterbuch.id_woerterbuch"].asInteger(), rows["ID_Woerterbuch1"].asInteger(),
+                rows["DATABASENAME"].textOrEmpty());
+  }
+}
+
+/// The row of an entry by its number, through the scratch query and the rewriter.
+engine::Recordset openEntry(frmWoerter& form, std::int64_t id) {
+  auto& database = form.session.files.CurrentDB;
+  std::string sql =
+      "select id_woerterbuch, woerterbuch.* from woerterbuch where id_woerterbuch = " + std::to_string(id);
+  auto scratch = database.queryDef("SQLTemp");
+  scratch.setSQL(store::BuildMultiSQL(form.session, sql, session::View::frmWoerter));
+  return scratch.OpenRecordset();
+}
+
+void offerNewEntry(frmWoerter& form) {
+  auto& session = form.session;
+  const std::string question = session::dialogText(session, dialog::not_found_before) + " '" + form.Text3 +
+                               "' " + session::dialogText(session, dialog::not_found_after);
+  if (session::showUnicodeBox(session, question, platform::box::yesNo) != platform::box::answerYes) return;
+  session.entry.EntryEditMode = 1;
+  session.entry.NewEntryLevel = 1;
+  session.entry.CurrentBegriff = form.Text3;
+  AddEntry(form);
+}
+
+}  // namespace
+
+void selectRow(frmWoerter& form, int index) {
+  form.list.selected = index;
+  SelectEntry(form);
+}
+
+void SelectEntry(frmWoerter& form) {
+  auto& list = form.list;
+  if (list.selected < 0 || list.selected >= static_cast<int>(list.size())) return;
+  const auto at = static_cast<std::size_t>(list.selected);
+  session::ShowStatus(form.session, session::labelText(form.session, label::reading_entry), true);
+  if (endsWith(list.List2[at], "->")) openSubEntries(form, at);
+  form.session.entry.SelectedEntryId = list.List1[at];
+  form.session.entry.SelectedMainEntryId = list.List3[at];
+  form.selectionEnabled = true;
+  session::ShowStatus(form.session, "", false);
+}
+
+bool CheckIfEntryExists(frmWoerter& form) {
+  form.rsWoerter.FindFirst("begriff = \"" + form.Text3 + "\"");
+  if (form.rsWoerter.NoMatch()) return false;
+  setTarget(form);
+  return true;
+}
+
+void searchBoxChanged(frmWoerter& form, const std::string& text) {
+  form.Text3 = text;
+  auto& session = form.session;
+  if (!text.empty()) {
+    if (session.filter.FilterIsActive && session.filter.FilterIsActive())
+      session::showMessage(session, dialog::filter_released, platform::box::information);
+    if (!form.LetterSelection[0].empty()) showAllLetters(form);
+  } else if (form.rsWoerter.RecordCount() > 0) {
+    form.rsWoerter.MoveFirst();
+    return;
+  }
+  if (CheckIfEntryExists(form)) goToTarget(form);
+}
+
+void SkipToEntry(frmWoerter& form) {
+  auto& entry = form.session.entry;
+  auto rows = openEntry(form, entry.CurrentEntryId);
+  if (!rows.EndOfFile() && rows["Ebene"].asInteger() == 2) {
+    entry.CurrentEntryId = rows["ID_Woerterbuch1"].asInteger();
+    rows = openEntry(form, entry.CurrentEntryId);
+  }
+  form.rsWoerter.FindFirst("woerterbuch.id_woerterbuch = " + std::to_string(entry.CurrentEntryId));
+  if (form.rsWoerter.NoMatch()) {
+    offerNewEntry(form);
+    return;
+  }
+  setTarget(form);
+  goToTarget(form);
+}
+
+void showAllLetters(frmWoerter& form) {
+  form.session.filter.AlleBuchstaben = true;
+  form.session.shell.dateOrder = false;
+  session::ShowStatus(form.session, session::dialogText(form.session, dialog::loading_entries), true);
+  form.LetterSelection[0].clear();
+  FormInit(form);
+}
+
+void VisibleEntryDeleteAll(frmWoerter& form) {
+  if (form.list.selected >= 0 && form.list.selected < static_cast<int>(form.list.size()))
+    form.list.erase(static_cast<std::size_t>(form.list.selected));
+  form.countLabel.clear();
+  form.pageToolTip.clear();
+}
+
+}  // namespace browse
