@@ -3,6 +3,7 @@
 
 #include "engine/plan/binder.h"
 #include "engine/plan/names.h"
+#include "engine/text/like.h"
 
 /// Comparisons: both sides are brought to one type, and texts are compared under an explicit collation,
 /// since SQLite would take its own for anything but a plain column.
@@ -110,6 +111,21 @@ std::string collated(const Level& level, const Bound& bound) {
   return collate(value(bound), bound.collation.empty() ? level.file->collation() : bound.collation);
 }
 
+namespace {
+
+/// The texts that can match lie between two bounds, where an index of the column finds them. The bounds add
+/// nothing to the meaning.
+std::string withinBounds(const Bound& column, const Value& pattern, int wildcards,
+                         const std::string& collation) {
+  const auto bounds = text::LikePattern(pattern.text(), wildcards, text::collator(collation)).bounds();
+  if (!bounds) return {};
+  const std::string left = collate(column.text, collation);
+  return left + " >= " + literal(Value(bounds->first)) + " AND " + left +
+         " <= " + literal(Value(bounds->second)) + " AND ";
+}
+
+}  // namespace
+
 Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr) {
   const Bound operand = bindExpression(binder, level, *expr.args[0]);
   const Bound pattern = bindExpression(binder, level, *expr.args[1]);
@@ -125,10 +141,14 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr) {
     }
   }
   const std::string collation = collationOf(level, operand, Bound{});
-  const char* function = binder.context.way == Interface::second ? "vc_like2" : "vc_like";
-  std::string text = std::string(function) + "(" + asText(operand) + ", " + asText(pattern) + ", " +
-                     literal(Value(collation)) + ")";
-  return truth(expr.negated ? "(NOT " + text + ")" : text, operand, pattern);
+  const bool second = binder.context.way == Interface::second;
+  std::string text = std::string(second ? "vc_like2" : "vc_like") + "(" + asText(operand) + ", " +
+                     (isDate(pattern) ? asText(pattern) : value(pattern)) + ", " + literal(Value(collation)) +
+                     ")";
+  if (expr.negated) return truth("(NOT " + text + ")", operand, pattern);
+  if (isText(operand) && operand.key >= 0 && pattern.constant && pattern.constant->isText())
+    text = "(" + withinBounds(operand, *pattern.constant, second ? 2 : 1, collation) + text + ")";
+  return truth(text, operand, pattern);
 }
 
 Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {
@@ -140,6 +160,7 @@ Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {
     if (body.outputs.size() != 1) refuse("A subquery behind IN has to give one column");
     join(bound.refs, body.escaped);
     // Membership asks for no order and is not changed by repeats.
+    if (body.top) nest(binder, body);
     body.distinct = false;
     body.repeats.clear();
     Bound& column = body.outputs[0].value;

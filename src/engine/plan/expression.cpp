@@ -101,12 +101,14 @@ Bound arithmetic(const std::string& op, const Bound& a, const Bound& b) {
 }
 
 std::string orEmpty(const Bound& bound) {
-  if (bound.constant && bound.constant->isText()) return bound.text;
-  return "ifnull(" + asText(bound) + ", '')";
+  return bound.constant ? bound.text : "ifnull(" + bound.text + ", '')";
 }
 
 Bound concatenation(const Bound& a, const Bound& b) {
-  return made("(" + orEmpty(a) + " || " + orEmpty(b) + ")", ColumnType::text, {&a, &b});
+  if (isText(a) && isText(b))
+    return made("(" + orEmpty(a) + " || " + orEmpty(b) + ")", ColumnType::text, {&a, &b});
+  const auto part = [](const Bound& bound) { return isDate(bound) ? asText(bound) : value(bound); };
+  return made("vc_concat(" + part(a) + ", " + part(b) + ")", ColumnType::text, {&a, &b});
 }
 
 Bound logical(const std::string& op, const Bound& a, const Bound& b) {
@@ -160,6 +162,7 @@ Bound bindBetween(Binder& binder, const Level& level, const sql::Expr& expr) {
 
 Bound bindExists(Binder& binder, const Level& level, const sql::Expr& expr) {
   Body body = bindSelect(binder, *expr.select, *level.own, &level);
+  if (body.top) nest(binder, body);
   body.distinct = false;
   body.repeats.clear();
   Bound bound = truth("(EXISTS (" + bodyText(body) + "))", {});
