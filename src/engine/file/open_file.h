@@ -48,9 +48,8 @@ int refuseWrite(const char* what, int size, sqlite3_int64 offset);
 inline int readBelow(FileState& file, void* to, int size, sqlite3_int64 offset) {
   return file.below->pMethods->xRead(file.below, to, size, offset);
 }
-inline int writeBelow(FileState& file, const void* from, int size, sqlite3_int64 offset) {
-  return file.below->pMethods->xWrite(file.below, from, size, offset);
-}
+/// A full quota and a limit of the file's size count as a full disk.
+int writeBelow(FileState& file, const void* from, int size, sqlite3_int64 offset);
 inline std::uint32_t bigEndian(const std::uint8_t* bytes) {
   return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 |
          bytes[3];

@@ -12,7 +12,7 @@ sqlite3_vfs* systemLayer() {
   return layer;
 }
 
-RawFile::RawFile(const std::string& path, Part part) {
+RawFile::RawFile(const std::string& path, Part part, bool writable) {
   sqlite3_vfs* layer = systemLayer();
   object_ = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(layer->szOsFile));
   const char* suffix = part == Part::log ? "-wal" : part == Part::journal ? "-journal" : "";
@@ -20,9 +20,9 @@ RawFile::RawFile(const std::string& path, Part part) {
                    : part == Part::journal ? SQLITE_OPEN_MAIN_JOURNAL
                                            : SQLITE_OPEN_MAIN_DB;
   name_ = const_cast<char*>(sqlite3_create_filename((path + suffix).c_str(), "", "", 0, nullptr));
+  const int access = writable ? SQLITE_OPEN_READWRITE : SQLITE_OPEN_READONLY;
   int flags = 0;
-  code_ = name_ == nullptr ? SQLITE_NOMEM
-                           : layer->xOpen(layer, name_, handle(), type | SQLITE_OPEN_READONLY, &flags);
+  code_ = name_ == nullptr ? SQLITE_NOMEM : layer->xOpen(layer, name_, handle(), type | access, &flags);
 }
 
 RawFile::~RawFile() {
@@ -41,6 +41,22 @@ std::int64_t RawFile::size() const {
 
 bool RawFile::read(void* to, int size, std::int64_t offset) const {
   return isOpen() && handle()->pMethods->xRead(handle(), to, size, offset) == SQLITE_OK;
+}
+
+ExclusiveHold::ExclusiveHold(const std::string& path) {
+  file_ = std::make_unique<RawFile>(path, RawFile::Part::mainFile, true);
+  const bool writable = file_->isOpen();
+  if (!writable) file_ = std::make_unique<RawFile>(path, RawFile::Part::mainFile);
+  if (!file_->isOpen()) throw Error(errors::permissionDenied, "The file " + path + " can not be opened.");
+  const auto* methods = file_->handle()->pMethods;
+  int code = methods->xLock(file_->handle(), SQLITE_LOCK_SHARED);
+  if (code == SQLITE_OK && writable) code = methods->xLock(file_->handle(), SQLITE_LOCK_EXCLUSIVE);
+  if (code != SQLITE_OK)
+    throw Error(errors::locked, "The file " + path + " is open in this or another program.");
+}
+
+ExclusiveHold::~ExclusiveHold() {
+  file_->handle()->pMethods->xUnlock(file_->handle(), SQLITE_LOCK_NONE);
 }
 
 }  // namespace engine::file

@@ -17,7 +17,7 @@ sqlite3_vfs* systemLayer();
 class RawFile {
  public:
   enum class Part { mainFile, log, journal };
-  RawFile(const std::string& path, Part part);
+  RawFile(const std::string& path, Part part, bool writable = false);
   ~RawFile();
   RawFile(const RawFile&) = delete;
   RawFile& operator=(const RawFile&) = delete;
@@ -32,6 +32,20 @@ class RawFile {
   std::unique_ptr<std::uint8_t[]> object_;
   char* name_ = nullptr;
   int code_ = 0;
+};
+
+/// Keeps every other connection, of this process or another, out of a file. Reading through RawFile goes on.
+class ExclusiveHold {
+ public:
+  /// Throws 3045 when the file is open anywhere, 70 when it can not be opened. A file that can not be written
+  /// is merely kept from being locked by others.
+  explicit ExclusiveHold(const std::string& path);
+  ~ExclusiveHold();
+  ExclusiveHold(const ExclusiveHold&) = delete;
+  ExclusiveHold& operator=(const ExclusiveHold&) = delete;
+
+ private:
+  std::unique_ptr<RawFile> file_;
 };
 
 }  // namespace engine::file

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -76,28 +77,52 @@ void syncFolderOf(const std::string& path) {
   sync(std::filesystem::path(path).parent_path().string(), O_RDONLY | O_DIRECTORY);
 }
 
-void replaceBy(const std::string& path, const std::string& sibling) {
+void replaceBy(const std::string& path, const std::string& sibling, OldLog oldLog) {
   syncFile(sibling);
   std::error_code missing;
-  for (const char* log : {"-wal", "-journal"})
-    if (std::filesystem::file_size(path + log, missing) > 0 && !missing)
+  for (const char* log : {"-wal", "-journal"}) {
+    if (oldLog == OldLog::mustBeEmpty && std::filesystem::file_size(path + log, missing) > 0 && !missing)
       throw Error(errors::locked, "The file " + path + " was opened by another program meanwhile.");
-  for (const char* beside : besides) {
-    removeOne(path + beside);
-    removeOne(sibling + beside);
   }
+  for (const char* beside : besides) removeOne(sibling + beside);
+  // A journal would be played back into the new file. The pages of a log do not open under its salt.
+  removeOne(path + "-journal");
   if (::rename(sibling.c_str(), path.c_str()) != 0) raiseSystem(errno, "replace", path);
   syncFolderOf(path);
+  removeOne(path + "-wal");
+  removeOne(path + "-shm");
+}
+
+NewFile::NewFile(std::string target, const std::string& purpose)
+    : target_(std::move(target)), path_(siblingName(target_, purpose)) {
+  removeFile(path_);
+}
+
+NewFile::~NewFile() {
+  if (finished_) return;
+  std::error_code ignored;  // the failure that brought us here is the one to tell
+  for (const char* part : {"", "-wal", "-shm", "-journal"}) std::filesystem::remove(path_ + part, ignored);
+}
+
+void NewFile::finish(OldLog oldLog) {
+  replaceBy(target_, path_, oldLog);
+  finished_ = true;
 }
 
 std::string keepAside(const std::string& path, const std::string& what) {
   const std::filesystem::path whole(path);
   const std::string stem = (whole.parent_path() / whole.stem()).string() + "_" + what;
+  const auto taken = [](const std::string& name) {
+    return std::any_of(std::begin(besides), std::end(besides),
+                       [&](const char* beside) { return std::filesystem::exists(name + beside); }) ||
+           std::filesystem::exists(name);
+  };
   std::string kept = stem + whole.extension().string();
-  for (int number = 2; std::filesystem::exists(kept); ++number)
+  for (int number = 2; taken(kept); ++number)
     kept = stem + std::to_string(number) + whole.extension().string();
-  for (const char* log : {"-wal", "-journal"})
+  for (const char* log : {"-wal", "-journal"}) {
     if (std::filesystem::exists(path + log)) duplicate(path + log, kept + log);
+  }
   duplicate(path, kept);
   syncFolderOf(path);
   return kept;

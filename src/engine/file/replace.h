@@ -15,9 +15,30 @@ void removeFile(const std::string& path);
 void syncFile(const std::string& path);
 /// Brings the names in a file's folder to the disk.
 void syncFolderOf(const std::string& path);
-/// Renames `sibling` over `path`: synced before, the folder after, nothing of the old log left. Throws
-/// 3045, with the old file in place, when someone opened that meanwhile and left a log.
-void replaceBy(const std::string& path, const std::string& sibling);
+enum class OldLog { mustBeEmpty, isWorthless };
+/// Renames `sibling` over `path`: synced before, the folder after, nothing of the old log left. A log that
+/// must be empty and is not was left by someone who opened the old file meanwhile: throws 3045 and leaves
+/// that in place.
+void replaceBy(const std::string& path, const std::string& sibling, OldLog oldLog = OldLog::mustBeEmpty);
+
+/// A file in the making beside its later place. What is not finished is removed.
+class NewFile {
+ public:
+  /// Removes what an earlier, killed run left.
+  NewFile(std::string target, const std::string& purpose);
+  ~NewFile();
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+
+  const std::string& path() const { return path_; }
+  /// Puts the complete, closed file at its place; see replaceBy().
+  void finish(OldLog oldLog = OldLog::mustBeEmpty);
+
+ private:
+  std::string target_, path_;
+  bool finished_ = false;
+};
+
 /// Gives the file at `path` a second, unused name that tells what it is ("WORDS_damaged.CVB",
 /// "WORDS_damaged2.CVB" ...), and its log and journal too; returns that. The file stays at `path` as well.
 std::string keepAside(const std::string& path, const std::string& what);

@@ -3,6 +3,7 @@
 #include <sodium.h>
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <cstring>
 #include <new>
 
@@ -256,6 +257,12 @@ sqlite3_vfs makeLayer() {
 }
 
 }  // namespace
+
+int writeBelow(FileState& file, const void* from, int size, sqlite3_int64 offset) {
+  errno = 0;
+  const int code = file.below->pMethods->xWrite(file.below, from, size, offset);
+  return code == SQLITE_IOERR_WRITE && (errno == EDQUOT || errno == EFBIG) ? SQLITE_FULL : code;
+}
 
 int refuseWrite(const char* what, int size, sqlite3_int64 offset) {
   sqlite3_log(SQLITE_IOERR_WRITE, "refused to write %s (%d bytes at %lld)", what, size, offset);
