@@ -118,9 +118,8 @@ void Collator::readContractions() {
   const std::unique_ptr<USet, Close> contractions(uset_openEmpty()), expansions(uset_openEmpty());
   ucol_getContractionsAndExpansions(collator_.get(), contractions.get(), expansions.get(), true, &status);
   if (U_FAILURE(status)) throw Error(errors::invalidArgument, "The text order can not be read.");
-  rank_.fill(1);
   for (UChar32 c = 0; c < 128; ++c) {
-    if (uset_contains(expansions.get(), c)) rank_[static_cast<std::size_t>(c)] = 0;
+    rank_[static_cast<std::size_t>(c)] = uset_contains(expansions.get(), c) ? 0 : 1;
   }
   std::vector<UChar> text(64);
   for (std::int32_t i = 0; i < uset_getItemCount(contractions.get()); ++i) {
@@ -134,7 +133,6 @@ void Collator::readContractions() {
     U16_NEXT(text.data(), at, length, first);
     uset_add(contractionStarts_.get(), first);
     if (text[0] < 128 && text[1] < 128) {
-      startsPair_[text[0]] = true;
       pairs_.set(pairIndex(static_cast<char>(text[0]), static_cast<char>(text[1])));
     }
   }
@@ -168,6 +166,9 @@ void Collator::buildAsciiTable() {
     }
   }
   ucol_setStrength(collator_.get(), UCOL_SECONDARY);
+  for (std::size_t pair = 0; pair < pairs_.size(); ++pair) {
+    if (pairs_.test(pair) && rank_[pair / 128] != 0) rank_[pair / 128] |= startsPair;
+  }
 }
 
 bool Collator::mayContract(char32_t character, char32_t next) const {
@@ -185,26 +186,34 @@ bool Collator::mayContract(char32_t character, char32_t next) const {
   return false;
 }
 
+// Whether the ASCII character at `i` sorts as its rank says: what stands behind it can not change it.
+bool Collator::standsAlone(std::string_view text, std::size_t i) const {
+  if (i + 1 == text.size()) return true;
+  if (!isAscii(text[i + 1])) return false;
+  return (rank_[index(text[i])] & startsPair) == 0 || !pairs_.test(pairIndex(text[i], text[i + 1]));
+}
+
 int Collator::compare(std::string_view a, std::string_view b) const {
   const std::size_t common = std::min(a.size(), b.size());
   if (a.size() == b.size() && std::memcmp(a.data(), b.data(), common) == 0) return 0;
-  // Letter by letter while both are ASCII and the letter behind can not change the one looked at. The
-  // first difference in rank decides; what it leaves open goes to ICU whole.
-  const auto plain = [this](std::string_view text, std::size_t i) {
-    if (!isAscii(text[i]) || rank_[index(text[i])] == 0) return false;
-    if (i + 1 == text.size()) return true;
-    if (!isAscii(text[i + 1])) return false;
-    return !startsPair_[index(text[i])] || !pairs_.test(pairIndex(text[i], text[i + 1]));
-  };
+  // Letter by letter while both are ASCII: the first difference in rank decides. What that leaves open goes
+  // to ICU whole.
   std::size_t i = 0;
   for (; i < common; ++i) {
-    if (!plain(a, i) || !plain(b, i)) break;
-    const int difference = rank_[index(a[i])] - rank_[index(b[i])];
-    if (difference != 0) return difference;
+    const int x = rank_[index(a[i])], y = rank_[index(b[i])];
+    const int difference = (x & rankBits) - (y & rankBits);
+    if ((x & rankBits) == 0 || (y & rankBits) == 0) break;
+    if (difference != 0) {
+      if (!standsAlone(a, i) || !standsAlone(b, i)) break;
+      return difference;
+    }
+    if (((x | y) & startsPair) != 0 && (!standsAlone(a, i) || !standsAlone(b, i))) break;
   }
   if (i == common) {
     if (a.size() == b.size()) return 0;
-    if (a.size() > common ? plain(a, i) : plain(b, i)) return a.size() > common ? 1 : -1;
+    const std::string_view longer = a.size() > b.size() ? a : b;
+    if ((rank_[index(longer[i])] & rankBits) != 0 && standsAlone(longer, i))
+      return a.size() > b.size() ? 1 : -1;
   }
   UErrorCode status = U_ZERO_ERROR;
   const auto result = ucol_strcollUTF8(collator_.get(), a.data(), static_cast<std::int32_t>(a.size()),

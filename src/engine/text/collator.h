@@ -34,13 +34,15 @@ class Collator {
 
   void buildAsciiTable();
   void readContractions();
+  bool standsAlone(std::string_view text, std::size_t i) const;
 
   std::unique_ptr<UCollator, Close> collator_;
   std::unique_ptr<USet, Close> contractionStarts_;
   bool dottedI_ = false;
-  /// Rank of an ASCII character among the others, equal where case alone differs; 0 leaves it to ICU.
-  std::array<std::uint8_t, 128> rank_{};
-  std::array<bool, 128> startsPair_{};
+  static constexpr std::uint8_t rankBits = 0x7F, startsPair = 0x80;
+  /// For each byte: the rank of an ASCII character among the others, equal where case alone differs, and
+  /// whether it starts a pair; rank 0 leaves it to ICU.
+  std::array<std::uint8_t, 256> rank_{};
   std::bitset<128 * 128> pairs_;  ///< first two characters of a contraction
 };
 
