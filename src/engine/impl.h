@@ -38,6 +38,7 @@ class WorkspaceCore {
  private:
   base::Paths paths_;
   storage::Connection connection_;
+  std::map<std::string, std::string, std::less<>> resolved_;  // paths as given, of files opened so far
   std::map<std::string, std::shared_ptr<const sql::Statement>, std::less<>> statements_;
 };
 

@@ -51,9 +51,17 @@ std::string WorkspaceCore::newPath(const std::string& path) const {
   return (folder / real.filename()).string();
 }
 
+// Each IN "file" asks again: looking through the folders is spared as long as the file is open.
 std::shared_ptr<storage::AttachedFile> WorkspaceCore::attach(const std::string& path, bool exclusive,
                                                              bool readOnly) {
-  return connection_.open(resolved(path), exclusive, readOnly);
+  const auto known = resolved_.find(path);
+  if (known != resolved_.end() && connection_.isOpen(known->second)) {
+    return connection_.open(known->second, exclusive, readOnly);
+  }
+  const std::string found = resolved(path);
+  auto file = connection_.open(found, exclusive, readOnly);
+  resolved_[path] = found;
+  return file;
 }
 
 std::shared_ptr<const sql::Statement> WorkspaceCore::parsed(const std::string& text) {

@@ -1,9 +1,12 @@
+#include "engine/execute.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "engine/sql/parser.h"
 #include "words.h"
 
 namespace {
@@ -46,6 +49,18 @@ class ExecuteTest : public test::Words {
     return result;
   }
   using Rows = std::vector<std::string>;
+  /// Whether SQLite answers a select, or a Find on it, from the rows of a watched condition.
+  bool walksWatch(const std::string& select, const std::string& criterion) {
+    const engine::Binding binding(*database.impl(), engine::Interface::first);
+    const auto plan = engine::plan::bind(engine::sql::parse(select), binding.context());
+    std::string where;
+    if (!criterion.empty()) {
+      where = engine::plan::bindCriterion(plan, *engine::sql::parseCondition(criterion), binding.context());
+    }
+    engine::storage::Statement explain(database.impl()->core->connection().handle(),
+                                       "EXPLAIN QUERY PLAN " + engine::plan::emitKeys(plan, where));
+    return explain.step() && explain.text(3).find("vc$watch") != std::string_view::npos;
+  }
 };
 
 TEST_F(ExecuteTest, InsertsOneRowWithItsTypesTakenFromText) {
@@ -259,6 +274,10 @@ TEST_F(ExecuteTest, WatchedConditionsAreFoundWithoutAScan) {
   set.FindFirst("ebene =0");
   ASSERT_FALSE(set.NoMatch());
   EXPECT_EQ(set["begriff"], Value("b"));
+  EXPECT_TRUE(walksWatch("select * from woerterbuch where isnull(sortbegriff)", ""));
+  EXPECT_TRUE(walksWatch("select * from woerterbuch where " + both, ""));
+  EXPECT_TRUE(walksWatch("select * from woerterbuch order by sortbegriff", "ebene =0"));
+  EXPECT_FALSE(walksWatch("select * from woerterbuch order by sortbegriff", "ebene =1"));
   EXPECT_EQ(errorOf([&] { table.watch("gibtsnicht = 1"); }), errors::unknownName);
 }
 

@@ -141,6 +141,11 @@ AttachedFile& Connection::fileOf(const schema::Catalog& catalog) const {
   throw Error(errors::invalidArgument, "The file is not open.");
 }
 
+bool Connection::isOpen(const std::string& path) const {
+  return std::any_of(state_->files.begin(), state_->files.end(),
+                     [&](const auto& file) { return file->path() == path; });
+}
+
 std::shared_ptr<AttachedFile> Connection::open(const std::string& path, bool exclusive, bool readOnly) {
   for (auto file = state_->files.begin(); file != state_->files.end(); ++file) {
     if ((*file)->path() != path) continue;

@@ -54,6 +54,7 @@ class Connection {
   /// when the last pointer is gone and no transaction needs it. Falls back to reading only where the
   /// file or its folder can not be written. Throws 53, 70, 3045, 3343, and 3048 beyond ten files.
   std::shared_ptr<AttachedFile> open(const std::string& path, bool exclusive, bool readOnly);
+  bool isOpen(const std::string& path) const;
   /// Makes and opens an empty file. Throws 3204, 3044, 61, 70.
   std::shared_ptr<AttachedFile> create(const std::string& path, const std::string& locale);
   /// The attached file that a catalogue is of.

@@ -42,6 +42,18 @@ bool leads(const schema::Table& table, const std::string& column) {
   });
 }
 
+// A condition on one field is looked up by that field, which beats walking any order; others by the key, so
+// that their rows come in its order.
+std::string watchedColumn(const schema::Table& table, const WatchRecord& watch) {
+  std::string only;
+  for (const schema::Column& column : table.columns) {
+    if (watch.text.find(quoteName(column.name)) == std::string::npos) continue;
+    if (!only.empty()) return table.columns.front().name;
+    only = column.name;
+  }
+  return only.empty() ? table.columns.front().name : only;
+}
+
 }  // namespace
 
 std::string indexName(const schema::Table& table, const schema::Index& index) {
@@ -111,7 +123,7 @@ std::vector<StoredIndex> indexStatements(const CatalogData& data, const schema::
   for (const WatchRecord& watch : data.watches) {
     if (!base::equalsIgnoreCase(watch.table, table.name)) continue;
     const std::string name = hiddenName("watch", table.name, watch.condition);
-    add(name, createIndex(schemaName, name, table, {table.columns.front().name}, false, watch.text));
+    add(name, createIndex(schemaName, name, table, {watchedColumn(table, watch)}, false, watch.text));
   }
   return result;
 }
