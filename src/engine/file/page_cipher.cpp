@@ -1,6 +1,5 @@
 #include "engine/file/page_cipher.h"
 
-#include <openssl/rand.h>
 #include <sodium.h>
 
 #include <cstring>
@@ -78,8 +77,8 @@ bool PageCipher::seal(Domain domain, std::uint32_t pageNumber, const std::uint8_
   std::memcpy(sealed + saltAt, salt_.data(), saltBytes);
   EVP_CIPHER_CTX* context = sealing_.get();
   int size = 0;
-  return RAND_bytes(sealed + nonceAt, nonceBytes) == 1 &&
-         EVP_EncryptInit_ex(context, nullptr, nullptr, nullptr, sealed + nonceAt) == 1 &&
+  randombytes_buf(sealed + nonceAt, nonceBytes);
+  return EVP_EncryptInit_ex(context, nullptr, nullptr, nullptr, sealed + nonceAt) == 1 &&
          EVP_EncryptUpdate(context, nullptr, &size, data.bytes.data(), data.size) == 1 &&
          EVP_EncryptUpdate(context, sealed + from, &size, plain + from, bodyBytes - from) == 1 &&
          EVP_EncryptFinal_ex(context, sealed + from + size, &size) == 1 &&
