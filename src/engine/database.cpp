@@ -60,6 +60,7 @@ Recordset Database::OpenRecordset(const std::string& source, RecordsetKind kind,
   what.parameters = parameters;
   what.way = way;
   what.readOnly = database.readOnly;
+  what.readOnly = database.readOnly;
   return openRecordset(std::move(what));
 }
 

@@ -260,6 +260,24 @@ TEST_F(ExecuteTest, DefinitionsAndLoginsHoldOverAReopening) {
   EXPECT_EQ(errorOf([&] { engine::Workspace refused(checked); }), errors::badPath);
 }
 
+TEST_F(ExecuteTest, AReadOnlyHandleOnAFileOpenForWritingChangesNothing) {
+  add({"a"});
+  database.CreateQueryDef("SQLTemp", "select 1");
+  auto reading = workspace.OpenDatabase(folder / "words.cvb", false, true);
+  EXPECT_TRUE(reading.readOnly());
+  EXPECT_FALSE(database.readOnly());
+  for (const char* statement : {"delete * from woerterbuch", "insert into woerterbuch(begriff) values ('b')",
+                                "update woerterbuch set ebene = 2", "drop table woerterbuch",
+                                "select * into kopie from woerterbuch"}) {
+    EXPECT_EQ(errorOf([&] { reading.Execute(statement); }), errors::readOnly) << statement;
+  }
+  EXPECT_EQ(errorOf([&] { reading.tableDef("woerterbuch").setAllowZeroLength("begriff", true); }),
+            errors::readOnly);
+  auto set = reading.OpenRecordset("woerterbuch");
+  EXPECT_EQ(errorOf([&] { set.Edit(); }), errors::readOnly);
+  EXPECT_EQ(run("update woerterbuch set ebene = 2"), 1);
+}
+
 TEST_F(ExecuteTest, WatchedConditionsAreFoundWithoutAScan) {
   run("insert into woerterbuch(begriff,ebene,sortbegriff) values ('a',1,'a')");
   auto table = database.tableDef("woerterbuch");

@@ -213,7 +213,8 @@ TEST_F(DefinitionsTest, ScratchQueriesOfAReadOnlyFileLiveInMemory) {
   file = connection->open(path(), false, true);
   ASSERT_TRUE(file->readOnly());
   file->setQueryText("SQLTEMP", "SELECT 2", false);
-  EXPECT_EQ(file->query("sqltemp")->text, "SELECT 2");
+  file->reload();
+  EXPECT_EQ(file->query("sqltemp")->text, "SELECT 2") << "also when others changed definitions";
   EXPECT_EQ(errorOf([&] { insert("Woerterbuch", {}); }), errors::readOnly);
   EXPECT_EQ(errorOf([&] { file->dropTable("sqltemp"); }), errors::readOnly);
   reopen();

@@ -124,6 +124,12 @@ void AttachedFile::load() {
     data_.format = later.format;
     throw;
   }
+  for (const auto& [key, scratch] : scratch_) {
+    const auto isIt = [&](const schema::StoredQuery& query) { return base::lower(query.name) == key; };
+    const auto stored = std::find_if(data.queries.begin(), data.queries.end(), isIt);
+    if (stored != data.queries.end()) stored->text = scratch.text;
+    if (stored == data.queries.end()) data.queries.push_back(scratch);
+  }
   {
     Statement changes(connection_.handle(), "PRAGMA " + schemaName_ + ".data_version");
     if (changes.step()) dataVersion_ = changes.integer(0);

@@ -95,6 +95,7 @@ class AttachedFile final : public schema::Catalog {
   std::map<std::string, const schema::Table*, std::less<>> tables_;
   std::deque<schema::Table> kept_;
   std::map<std::string, schema::StoredQuery, std::less<>> queries_;
+  std::map<std::string, schema::StoredQuery, std::less<>> scratch_;  // those that live in memory, as queries_
   std::int64_t version_ = 0;
   std::int64_t dataVersion_ = 0;
 };

@@ -31,6 +31,7 @@ void AttachedFile::createQuery(const schema::StoredQuery& query, bool inMemory) 
     refuseTakenName(query.name);
     data_.queries.push_back(query);
     queries_[base::lower(query.name)] = query;
+    scratch_[base::lower(query.name)] = query;
     ++version_;
     return;
   }
@@ -56,6 +57,8 @@ void AttachedFile::setQueryText(std::string_view name, const std::string& text, 
     writeFileValue(connection_.handle(), schemaName_, "counter", std::to_string(data_.counter + 1));
     savepoint.release();
     ++data_.counter;
+  } else {
+    scratch_[found->first] = {found->second.name, text};
   }
   found->second.text = text;
   for (schema::StoredQuery& query : data_.queries) {
