@@ -48,7 +48,6 @@ int errorOf(Call&& call) {
     call();
   } catch (const Error& error) {
     EXPECT_FALSE(error.text().empty());
-    if (getenv("SHOW_ERRORS")) fprintf(stderr, "%d %s\n", error.number(), error.text().c_str());
     return error.number();
   }
   return 0;
