@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "engine/file/raw_file.h"
 #include "engine/file/replace.h"
 #include "engine/file_checks.h"
@@ -41,6 +43,9 @@ RepairReport RepairDatabase(Workspace& workspace, const std::string& path, const
   repair::Findings findings;
   const file::LogCheck log = file::verifyLog(real, credential);
   for (std::string& line : checks::faultsOf(log)) findings.tellLoss(std::move(line));
+  if (std::error_code missing; std::filesystem::file_size(real + "-journal", missing) > 0 && !missing) {
+    findings.tellLoss("A change of the file was never finished; some of it may be among the rows.");
+  }
   const std::vector<std::string> pageFaults =
       checks::faultsOf(file::verifyPages(real, credential, within(progress, 0, pagesShare)));
   for (const std::string& line : pageFaults) findings.tell(line);
