@@ -90,7 +90,8 @@ void CheckDBPath(session::Session& s, engine::Database& db, const std::string& p
 void ExecKorrekturen(session::Session& s) {
   engine::Database& db = s.files.CurrentDB;
   if (db.readOnly()) return;
-  db.Execute("delete * from Filterselektion1;");
+  // Even the deletion of no row would make the file count as changed, and closing compact it.
+  if (!db.OpenRecordset("Filterselektion1").EndOfFile()) db.Execute("delete * from Filterselektion1;");
   db.Execute("alter table woerterbuch alter column metasuche longtext;");
   mendMainEntries(s, db);
   tellIfAny(s, db, "select * from woerterbuch where isnull(sortbegriff)", dialog::sort_terms_missing);

@@ -69,6 +69,7 @@ const FlatTable& meanings() {
 
 std::string joinedItems(engine::Recordset& rows, const Source& source, const Column& column) {
   std::string text;
+  if (rows.EndOfFile() && rows.BeginOfFile()) return text;
   for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext())
     for (const std::string& field : column.fields) {
       const engine::Value item = rows[field];
@@ -106,9 +107,7 @@ class FlatWriter {
       query.setParameter(query.parameterNames().front(), key);
       engine::Recordset items = query.OpenRecordset(engine::RecordsetKind::snapshot);
       for (const Column& column : table_.sources[i].columns)
-        rows_.set(column.target, items.EndOfFile() && items.BeginOfFile()
-                                     ? std::string()
-                                     : joinedItems(items, table_.sources[i], column));
+        rows_.set(column.target, joinedItems(items, table_.sources[i], column));
     }
     rows_.Update();
   }
