@@ -159,12 +159,18 @@ TEST(Names, OfCirclesAndMissingTablesAreRefused) {
   EXPECT_EQ(errorNumber([&] { files->bind("SELECT * FROM sqlite_master"); }), 3078);
   EXPECT_EQ(errorNumber([&] { files->bind("SELECT * FROM [vc$file]"); }), 3078);
   EXPECT_EQ(errorNumber([&] { files->bind("SELECT * FROM Woerterbuch WHERE load_extension('x')"); }), 3075);
-  // Each query reads the one before twice: refused long before it fills the memory.
+  // Each query reads the one before twice, or doubles its expression: refused before it fills the memory.
   file.addQuery("Double0", "SELECT * FROM Woerterbuch");
-  for (int i = 1; i < 30; ++i)
-    file.addQuery("Double" + std::to_string(i), "SELECT a.* FROM Double" + std::to_string(i - 1) +
-                                                    " AS a, Double" + std::to_string(i - 1) + " AS b");
+  file.addQuery("Sum0", "SELECT Ebene AS n FROM Woerterbuch");
+  for (int i = 1; i < 40; ++i) {
+    const std::string before = std::to_string(i - 1);
+    file.addQuery("Double" + std::to_string(i),
+                  "SELECT a.* FROM Double" + before + " AS a, Double" + before + " AS b");
+    file.addQuery("Sum" + std::to_string(i), "SELECT n + n AS n FROM Sum" + before);
+  }
   EXPECT_EQ(errorNumber([&] { files->bind("SELECT * FROM Double29"); }), 3075);
+  EXPECT_EQ(errorNumber([&] { files->bind("SELECT * FROM Sum39"); }), 3075);
+  EXPECT_EQ(test::firsts(files->rows("SELECT * FROM Sum3")), (Row{"8", "8", "8", "16"}));
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ struct Binder {
   int nextId = 0;
   int lastExpression = 999;  ///< a result without a name is called Expr1000, Expr1001 ...
   std::size_t bound = 0;     ///< tables and queries so far, for the limit on the whole statement
+  std::size_t effort = 0;    ///< what spend() counts
   /// FROM items that have to stay a nested select, found while trying to merge them.
   std::set<const sql::From*> nested;
 
@@ -36,6 +37,9 @@ struct Binder {
 
 /// Throws 3075 with a message for people.
 [[noreturn]] void refuse(const std::string& message);
+/// Counts bytes written and names compared: queries that double their expressions at each step would else
+/// fill the memory. Throws 3075 far beyond what a real statement needs.
+void spend(Binder& binder, std::size_t units);
 
 // scope.cpp
 /// The column that a path means among these ranges; null when there is none. Where two different columns

@@ -186,9 +186,7 @@ Bound bindScalar(Binder& binder, const Level& level, const sql::Expr& expr) {
   return bound;
 }
 
-}  // namespace
-
-Bound bindExpression(Binder& binder, const Level& level, const sql::Expr& expr) {
+Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr) {
   switch (expr.kind) {
     case sql::ExprKind::literal:
       return bindLiteral(expr.value);
@@ -218,6 +216,14 @@ Bound bindExpression(Binder& binder, const Level& level, const sql::Expr& expr) 
       return bindCall(binder, level, expr);
   }
   refuse("An expression that can not be meant");
+}
+
+}  // namespace
+
+Bound bindExpression(Binder& binder, const Level& level, const sql::Expr& expr) {
+  Bound bound = bindNode(binder, level, expr);
+  spend(binder, bound.text.size());
+  return bound;
 }
 
 std::string condition(const Bound& bound) {

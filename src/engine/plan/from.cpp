@@ -171,10 +171,16 @@ Item bindJoin(Binder& binder, const Place& place, const sql::From& from) {
   return item;
 }
 
+/// SQLite joins no more.
+void limit(const Chain& chain) {
+  if (chain.members.size() > 64) refuse("The statement joins more than 64 tables");
+}
+
 Item bindItem(Binder& binder, const Place& place, const sql::From& from) {
   const bool asNested = binder.nested.count(&from) != 0;
   if (from.kind == sql::From::Kind::join) {
     Item item = bindJoin(binder, place, from);
+    limit(item.chain);
     return asNested ? nested(binder, std::move(item)) : std::move(item);
   }
   count(binder);
@@ -201,6 +207,7 @@ Chain bindFrom(Binder& binder, Level& level, std::span<const sql::FromPtr> from,
     Item bound = bindItem(binder, place, *item);
     std::move(bound.ranges.begin(), bound.ranges.end(), std::back_inserter(level.ranges));
     chain = innerJoin(std::move(chain), std::move(bound.chain), {});
+    limit(chain);
     if (from.size() == 1) order = std::move(bound.order);
   }
   return chain;

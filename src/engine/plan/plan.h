@@ -15,8 +15,8 @@
 /// SQLite text in several shapes. Recordsets, action statements and criteria all start from a Plan.
 namespace engine::plan {
 
-/// Where names are looked up. `open` gives the catalogue of an IN "file" (attaching it on demand);
-/// `textSource` lets a name such as "words.txt" be read as a table, and may be empty.
+/// Where names are looked up. `open` gives the catalogue of an IN "file", attaching it on demand; it has to
+/// live as long as the plan. A text file such as "words.txt" is a table of a catalogue like any other.
 struct Context {
   const schema::Catalog* file = nullptr;
   std::function<const schema::Catalog&(const std::string& path)> open;

@@ -79,6 +79,7 @@ const Column* findColumn(const std::vector<Range>& ranges, const std::vector<std
 
 Bound bindName(Binder& binder, const Level& level, const sql::Expr& expr) {
   for (const Level* at = &level; at != nullptr; at = at->outer) {
+    for (const Range& range : at->ranges) spend(binder, range.columns.size());
     const Column* column = findColumn(at->ranges, expr.path, false);
     if (column == nullptr && expr.path.size() == 1) {
       const auto alias = std::find_if(at->aliases.begin(), at->aliases.end(), [&](const Column* named) {
@@ -138,6 +139,12 @@ void declareParameters(Binder& binder, const std::vector<sql::ParameterDecl>& de
 
 void refuse(const std::string& message) {
   throw Error(errors::syntax, message);
+}
+
+void spend(Binder& binder, std::size_t units) {
+  constexpr std::size_t most = 100'000'000;
+  binder.effort += units;
+  if (binder.effort > most) refuse("The statement is too complex");
 }
 
 }  // namespace engine::plan

@@ -7,6 +7,8 @@
 namespace engine::plan {
 namespace {
 
+constexpr std::size_t mostColumns = 2000;  // as SQLite
+
 void addAll(const std::vector<Range>& ranges, std::vector<Column>& outputs) {
   for (const Range& range : ranges) outputs.insert(outputs.end(), range.columns.begin(), range.columns.end());
 }
@@ -45,6 +47,7 @@ void addExpression(Binder& binder, const Level& level, const sql::OutputItem& it
       expr.kind == sql::ExprKind::name ? findColumn(level.ranges, expr.path, false) : nullptr;
   if (named != nullptr) {
     column = *named;
+    spend(binder, column.value.text.size());
   } else {
     column.value = bindExpression(binder, level, expr);
     if (column.value.type == ColumnType::text && column.value.constant) column.size = 255;
@@ -89,6 +92,7 @@ void bindOutputs(Binder& binder, Level& level, const sql::Select& select, Body& 
         addExpression(binder, level, item, body.outputs);
         break;
     }
+    if (body.outputs.size() > mostColumns) refuse("The selection has too many columns");
   }
   for (std::size_t output : named) level.aliases.push_back(&body.outputs[output]);
 }
