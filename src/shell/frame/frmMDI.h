@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "browse/frmWoerter.h"
+#include "shell/frame/menus.h"
+#include "shell/session/session.h"
+
+/// The application frame: the process from start to end, and the commands that create, open and close
+/// dictionaries. Commands guard themselves: what fails was reported when they return false.
+namespace frame {
+
+/// An entry browser and its number among the open windows.
+struct OpenBrowser {
+  std::unique_ptr<browse::frmWoerter> form;
+  int id = 0;
+};
+
+/// The main window. It owns the entry browsers; its window shows what stands here.
+struct frmMDI {
+  explicit frmMDI(session::Session& s) : session(s) {}
+  frmMDI(const frmMDI&) = delete;
+  frmMDI& operator=(const frmMDI&) = delete;
+
+  session::Session& session;
+  std::vector<MenuItem> menu;
+  std::vector<OpenBrowser> browsers;  ///< in the order of opening
+  std::string helpFile;               ///< empty: there is none
+  bool unloaded = false;              ///< the process ends
+};
+
+inline constexpr int browserLimit = 5;
+
+/// Captions of the splash window, which shows for a second.
+inline constexpr const char* splashSubtitle = "Wörterbücher, Enzyklopädien, Wissensmanagement";
+inline constexpr int splashMilliseconds = 1000;
+
+/// Before the frame: folders, system database, first settings, secured workspace, sound device.
+/// `programPath` is the folder of the executable.
+bool frmStart_Load(session::Session& s, const std::string& programPath);
+/// Takes the folders from the settings file, in upper case, and creates the workspace anew.
+bool frmMDI_Initialize(frmMDI& form);
+/// Texts, menus, status bar, recent files.
+bool frmMDI_Load(frmMDI& form);
+/// Reopens the last dictionary, once after start.
+bool frmMDI_Activate(frmMDI& form);
+
+/// Opens a new entry browser if the limit allows; returns it, or null after the refusal.
+browse::frmWoerter* ShowWordInstance(frmMDI& form);
+/// Forgets a browser that was closed.
+void closeBrowser(frmMDI& form, const browse::frmWoerter* browser);
+
+bool mnuNew(frmMDI& form);
+bool mnuOpen(frmMDI& form);
+bool mnuMultiOpen(frmMDI& form);
+/// A recent file by its number in the menu, from 1; -1 is the last dictionary of the settings file.
+bool mnuFilearray(frmMDI& form, int index);
+bool mnuClose(frmMDI& form);
+bool mnuCopyDB(frmMDI& form);
+bool mnuCompact(frmMDI& form);
+bool mnuCompactCurrentDB(frmMDI& form);
+bool mnurepair(frmMDI& form);
+bool mnuBuildReportTables(frmMDI& form);
+bool mnuBuildReportTablesDelta(frmMDI& form);
+/// Ends the program, which a close of the frame's window does too; offers a backup when the last one is
+/// more than 15 days old. False when the program runs on.
+bool mnuExit(frmMDI& form);
+
+}  // namespace frame
