@@ -171,11 +171,11 @@ TEST_F(Functions, CollationsAndAggregatesWorkInStatements) {
   EXPECT_NE(query("select w from t order by w collate vc_03ff").find("no such collation"), std::string::npos);
 }
 
-TEST(FunctionNames, TellTheDialectsOwn) {
-  EXPECT_TRUE(engine::text::isFunction("DateValue"));
-  EXPECT_TRUE(engine::text::isFunction("first"));
-  EXPECT_FALSE(engine::text::isFunction("concat"));
-  EXPECT_FALSE(engine::text::isFunction("load_extension"));
+TEST(FunctionErrors, AreToldFromThoseOfTheStorage) {
+  const auto error = engine::text::errorOf("VC13:\"x\" is no number.");
+  ASSERT_TRUE(error);
+  EXPECT_EQ(error->number(), 13);
+  EXPECT_EQ(error->text(), "\"x\" is no number.");
   EXPECT_FALSE(engine::text::errorOf("no such column: VC"));
   EXPECT_FALSE(engine::text::errorOf("VCx:y"));
 }

@@ -8,9 +8,9 @@
 
 /// The functions and operators of the dialect as SQLite functions.
 ///
-/// A function of the dialect is registered as "vc_" and its name in lower case; isFunction tells whether the
-/// dialect has it. Dates go in and out as ISO texts "yyyy-mm-dd hh:mm:ss", truths come out as -1 and 0. Null
-/// as the first argument gives Null where nothing else is said.
+/// A function of the dialect is registered as "vc_" and its name in lower case. Dates go in and out as ISO
+/// texts "yyyy-mm-dd hh:mm:ss", truths come out as -1 and 0. Null as the first argument gives Null where
+/// nothing else is said.
 ///
 ///   text      len left right mid trim ltrim rtrim ucase lcase instr instrrev replace string space strcomp
 ///             strreverse chr chrw asc ascw
@@ -35,9 +35,6 @@
 ///
 /// What goes wrong ends in an SQL error whose message is "VC<number>:<text>".
 namespace engine::text {
-
-/// Whether the dialect has a function of this name (in any case), aggregates of SQLite's own not counted.
-bool isFunction(std::string_view name);
 
 /// The Error behind an SQLite error message that a function here gave; nothing for SQLite's own messages.
 std::optional<Error> errorOf(std::string_view message);

@@ -6,7 +6,6 @@
 #include <new>
 #include <vector>
 
-#include "base/text.h"
 #include "engine/text/collation.h"
 #include "engine/text/collator.h"
 #include "engine/text/functions.h"
@@ -18,7 +17,6 @@ namespace {
 
 using Family = std::span<const Function> (*)();
 constexpr Family dialectFamilies[] = {textFunctions, numberFunctions, dateFunctions};
-constexpr std::string_view aggregates[] = {"first", "last"};
 constexpr std::string_view errorPrefix = "VC";
 constexpr int expected = SQLITE_UTF8 | SQLITE_INNOCUOUS;
 
@@ -196,16 +194,6 @@ std::size_t countArgument(const Value& value, std::int64_t least, std::string_vi
   const std::int64_t count = value.asInteger();
   if (count < least) refuseArgument(function);
   return static_cast<std::size_t>(std::min<std::int64_t>(count, 0x7FFFFFFF));
-}
-
-bool isFunction(std::string_view name) {
-  const std::string lower = base::lower(name);
-  for (const Family family : dialectFamilies) {
-    for (const Function& function : family()) {
-      if (function.name == lower) return true;
-    }
-  }
-  return std::find(std::begin(aggregates), std::end(aggregates), lower) != std::end(aggregates);
 }
 
 std::optional<Error> errorOf(std::string_view message) {
