@@ -15,6 +15,7 @@ namespace store {
 namespace {
 
 engine::Database openFile(session::Session& s, const std::string& path, bool readOnly) {
+  s.files.Workspace->Idle();  // a file can not be attached amid gathered writes
   return s.files.Workspace->OpenDatabase(s.files.paths.real(path).string(), false, readOnly);
 }
 

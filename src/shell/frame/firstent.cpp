@@ -96,6 +96,7 @@ void Form_Load(firstent& form) {
 void SelectCountry(firstent& form) {
   session::Session& s = form.session;
   form.languages.clear();
+  s.files.Workspace->Idle();  // a file can not be attached amid gathered writes
   engine::Database system =
       s.files.Workspace->OpenDatabase(s.files.paths.real(s.folders.SystemDBPath).string(), false, true);
   addLanguages(form.languages,
