@@ -35,7 +35,7 @@ const std::vector<Command>& commands() {
       {"subject add", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectAdd},
       {"subject remove", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectRemove},
       {"list", "DICT [--page N] [--page-size N]", {}, {"--page", "--page-size"}, 1, 1, runList},
-      {"sql", "DICT STATEMENT [--ado] [--param NAME=VALUE]...", {"--ado"}, {"--param"}, 2, 2, runSql},
+      {"sql", "DICT STATEMENT|QUERY [--ado] [--param NAME=VALUE]...", {"--ado"}, {"--param"}, 2, 2, runSql},
       {"queries", "DICT", {}, {}, 1, 1, runQueries},
       {"import-text",
        "DICT FILE --headword COL [--meaning COL] [--note COL] [--url COL] [--url-name COL] [--url-note COL]"

@@ -49,6 +49,12 @@ engine::Parameters parametersOf(const Arguments& arguments) {
   return parameters;
 }
 
+bool isStoredQuery(const engine::Database& database, const std::string& name) {
+  for (const std::string& query : database.queryNames())
+    if (base::equalsIgnoreCase(query, name)) return true;
+  return false;
+}
+
 bool givesRows(const std::string& statement) {
   const engine::sql::Statement parsed = engine::sql::parse(statement);
   return parsed.kind == engine::sql::StatementKind::select && parsed.select->into.empty();
@@ -57,11 +63,13 @@ bool givesRows(const std::string& statement) {
 void runStatement(Application& app, const std::string& statement, const engine::Parameters& parameters) {
   auto& database = app.session.files.CurrentDB;
   const auto way = app.arguments.has("--ado") ? engine::Interface::second : engine::Interface::first;
-  if (givesRows(statement)) {
-    auto rows = database.OpenRecordset(statement, engine::RecordsetKind::snapshot, parameters, way);
+  const std::string text =
+      isStoredQuery(database, statement) ? database.queryDef(statement).SQL() : statement;
+  if (givesRows(text)) {
+    auto rows = database.OpenRecordset(text, engine::RecordsetKind::snapshot, parameters, way);
     printRows(rows);
   } else {
-    std::cout << database.Execute(statement, parameters, way) << " rows affected\n";
+    std::cout << database.Execute(text, parameters, way) << " rows affected\n";
   }
 }
 

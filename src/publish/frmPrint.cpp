@@ -25,6 +25,7 @@ using base::Value;
 constexpr const char* crossLinkStatement =
     "select distinct * from woerterbuch where ebene = 1 order by sortbegriff;";
 constexpr const char* defaultWebURL = "HTTP://localhost";
+constexpr const char* wizardWebURL = "http://";  // what the wizard presets; nothing was typed behind it
 
 bool flag(const engine::Recordset& row, const char* field) {
   const Value value = row[field];
@@ -66,6 +67,7 @@ PublishSettings readSettings(session::Session& session) {
   auto author = database.OpenRecordset("Autor", engine::RecordsetKind::snapshot);
   if (!author.EndOfFile()) {
     s.AutorWebURL = textOr(author, "AutorWebURL", s.AutorWebURL);
+    if (base::equalsIgnoreCase(s.AutorWebURL, wizardWebURL)) s.AutorWebURL = defaultWebURL;
     s.AutorName = textOr(author, "Autorname", s.AutorName);
     s.AutorEMail = textOr(author, "AutorEMail", s.AutorEMail);
   }

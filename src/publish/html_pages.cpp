@@ -161,6 +161,9 @@ Pages begin(frmPrint& form, const std::string& path) {
   Pages pages;
   pages.folder = base::folderOf(path);
   if (pages.folder.empty()) pages.folder = std::filesystem::current_path().string();
+  std::error_code refused;
+  std::filesystem::create_directories(pages.folder, refused);
+  if (refused) throw base::Error(3044, "The folder " + pages.folder + " can not be made: " + refused.message());
   pages.baseName = base::fileName(path);
   if (base::upper(base::right(pages.baseName, 4)) == ".HTM")
     pages.baseName = base::left(pages.baseName, base::length(pages.baseName) - 4);

@@ -1,0 +1,309 @@
+// Every command from outside: exit codes, questions, bad input, and that a cancelled command changes nothing.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "run_cli.h"
+
+namespace {
+
+using test::cli;
+using test::CliFolder;
+using test::CliResult;
+using test::makeDictionary;
+using test::rows;
+using Lines = std::vector<std::string>;
+
+bool holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
+TEST(Usage, wrongUsageIsToldAndEndsInTwo) {
+  const CliFolder folder;
+  const std::vector<Lines> wrong = {{},
+                                    {"fly"},
+                                    {"entry"},
+                                    {"entry", "fly", "D.cvb"},
+                                    {"list"},
+                                    {"list", "D.cvb", "--page", "none"},
+                                    {"list", "D.cvb", "--page", "0"},
+                                    {"list", "D.cvb", "--colour"},
+                                    {"new", "D.cvb", "--from", "Deutsch"},
+                                    {"new", "D.cvb", "--description", "x", "--type", "3"},
+                                    {"new", "D.cvb", "--description"},
+                                    {"entry", "add", "D.cvb", "x", "--example", "y"},
+                                    {"entry", "add", "D.cvb", "x", "--meaning", "y", "--translation", "z"},
+                                    {"rebuild", "D.cvb", "everything"},
+                                    {"rebuild", "D.cvb", "sort", "--delta"},
+                                    {"publish", "D.cvb", "paper", "out"},
+                                    {"publish", "D.cvb", "html", "out", "--without", "everything"},
+                                    {"sql", "D.cvb", "select 1", "--param", "novalue"},
+                                    {"list", "D.cvb", "--answers", "yes"}};
+  for (const Lines& line : wrong) {
+    const CliResult result = cli(line);
+    EXPECT_EQ(result.code, 2) << (line.empty() ? "nothing" : line.back());
+    EXPECT_FALSE(result.err.empty());
+    EXPECT_TRUE(result.out.empty());
+  }
+  EXPECT_EQ(cli({"--help"}).code, 0);
+  EXPECT_TRUE(holds(cli({"list", "--help"}).out, "--page-size"));
+  EXPECT_FALSE(std::filesystem::exists("D.cvb"));
+}
+
+TEST(Files, missingForeignAndDamagedFilesAreToldApart) {
+  const CliFolder folder;
+  const CliResult missing = cli({"list", "nothing.cvb"});
+  EXPECT_EQ(missing.code, 1);
+  EXPECT_TRUE(holds(missing.err, "nothing.cvb"));
+
+  folder.write("text.cvb", "this is no dictionary\n");
+  const CliResult foreign = cli({"list", "text.cvb"});
+  makeDictionary();
+  std::string bytes = folder.read("D.cvb");
+  folder.write("cut.cvb", bytes.substr(0, bytes.size() / 2 / 4096 * 4096));
+  bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] ^ 1);
+  folder.write("flipped.cvb", bytes);
+  const CliResult cut = cli({"list", "cut.cvb"});
+  EXPECT_EQ(foreign.code, 1);
+  EXPECT_EQ(cut.code, 1);
+  EXPECT_NE(foreign.err, cut.err);
+  EXPECT_TRUE(holds(folder.log(), "3343"));
+  EXPECT_EQ(cli({"check", "flipped.cvb"}).code, 1);
+  EXPECT_EQ(cli({"check", "D.cvb"}).code, 0);
+  EXPECT_EQ(folder.read("text.cvb"), "this is no dictionary\n");
+}
+
+TEST(Files, areFoundWithoutRegardToCaseAndBlanksBecomeUnderlines) {
+  const CliFolder folder;
+  makeDictionary("Mein Wort.cvb");
+  EXPECT_TRUE(std::filesystem::exists("Mein_Wort.cvb"));
+  EXPECT_EQ(cli({"list", "MEIN_WORT.CVB"}).out, "Anfang\t1\n");
+}
+
+TEST(Files, readOnlyFilesCanBeReadAndRefuseChanges) {
+  if (geteuid() == 0) GTEST_SKIP() << "root may write everything";
+  const CliFolder folder;
+  makeDictionary();
+  std::filesystem::permissions("D.cvb", std::filesystem::perms::owner_read);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Baum", "--meaning", "tree"}).code, 1);
+}
+
+TEST(Entries, areTypedShownAndDeletedWithTheirParts) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "d'Artagnan", "--note", "ein \"Musketier\"", "--pronunciation",
+                 "daʁtaɲã", "--meaning", "musketeer's name", "--example", "Er heißt d'Artagnan.",
+                 "--translation", "He's d'Artagnan.", "--example", "Noch eins.", "--meaning", "hero"})
+                .out,
+            "2\n");
+  const std::string shown = cli({"entry", "show", "D.cvb", "2"}).out;
+  for (const char* part :
+       {"headword\td'Artagnan\n", "note\tein \"Musketier\"\n", "pronunciation\tdaʁtaɲã\n",
+        "meaning\tmusketeer's name\t", "  example\tEr heißt d'Artagnan.\tHe's d'Artagnan.\n",
+        "  example\tNoch eins.\t\n", "meaning\thero\t"})
+    EXPECT_TRUE(holds(shown, part)) << part << "\n" << shown;
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "2"}).code, 1) << "nothing answers the question";
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "2", "--answers", "7"}).code, 1);
+  EXPECT_EQ(rows("select count(*) as n from Wortbedeutung"), Lines{"2"});
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "2", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from Wortbedeutung"), Lines{"0"});
+  EXPECT_EQ(rows("select count(*) as n from WortBedBsp"), Lines{"0"});
+  EXPECT_EQ(cli({"entry", "show", "D.cvb", "2"}).code, 1);
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "1", "--yes"}).code, 1) << "the last entry stays";
+}
+
+TEST(Entries, aCancelledNewEntryLeavesNoStub) {
+  const CliFolder folder;
+  makeDictionary();
+  const CliResult asked = cli({"entry", "add", "D.cvb", "Anfang", "--meaning", "start"});
+  EXPECT_EQ(asked.code, 1);
+  EXPECT_TRUE(asked.out.empty());
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Anfang", "--answers", "2"}).code, 1);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "   "}).code, 1);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", std::string(251, 'x')}).code, 1);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Ende", "--meaning", "end", "--example", "a \" quote"}).code, 1);
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"1"});
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", std::string(250, 'x')}).code, 0);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Anfang", "--yes"}).code, 0) << "a second one of that headword";
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"3"});
+}
+
+TEST(Entries, anExistingHeadwordCanBeEditedInstead) {
+  const CliFolder folder;
+  makeDictionary();
+  const CliResult result =
+      cli({"entry", "add", "D.cvb", "Anfang", "--meaning", "beginning", "--answers", "7"});
+  EXPECT_EQ(result.code, 0) << result.err;
+  EXPECT_EQ(rows("select ID_Woerterbuch, Wortbedeutung from Wortbedeutung"), Lines{"1\tbeginning"});
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"1"});
+}
+
+TEST(Entries, subEntriesStandBelowTheirMainEntry) {
+  const CliFolder folder;
+  makeDictionary();
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Haus"}).out, "2\n");
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Haustür", "--under", "2"}).out, "3\n");
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Hausdach", "--under", "2"}).out, "4\n");
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Dachstuhl", "--under", "4"}).code, 1) << "two levels are all";
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "x", "--under", "99"}).code, 1);
+  EXPECT_EQ(rows("select Begriff, Ebene, ID_Woerterbuch1, SortBegriff from Woerterbuch order by SortBegriff"),
+            (Lines{"Anfang\t1\t1\tAnfang", "Haus\t1\t2\tHaus", "Haustür\t2\t2\tHaus1Haustür",
+                   "Hausdach\t2\t2\tHaus2Hausdach"}));
+  EXPECT_EQ(cli({"list", "D.cvb"}).out, "Anfang\t1\nHaus   ->\t2\n");
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "2", "--yes"}).code, 1) << "it has sub-entries";
+  EXPECT_EQ(cli({"entry", "delete", "D.cvb", "3", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"3"});
+}
+
+TEST(Entries, propertiesAndSubjectsAreAssignedOnce) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Haus", "--meaning", "house"}).code, 0);
+  EXPECT_EQ(cli({"property", "add", "D.cvb", "2", "substantiv", "--value", "Neutrum"}).code, 0);
+  EXPECT_EQ(cli({"property", "add", "D.cvb", "2", "Substantiv"}).code, 1) << "it is assigned already";
+  EXPECT_EQ(cli({"property", "add", "D.cvb", "2", "No Such Thing"}).code, 1);
+  EXPECT_EQ(cli({"property", "add", "D.cvb", "2", "Substantiv", "--meaning", "99"}).code, 1);
+  EXPECT_EQ(cli({"property", "add", "D.cvb", "2", "Plural", "--value", std::string(51, 'x')}).code, 1);
+  EXPECT_EQ(rows("select KategorieWert from relWoertWKat where KategorieWert is not null"), Lines{"Neutrum"});
+  EXPECT_EQ(cli({"subject", "add", "D.cvb", "2", "Architektur", "--meaning", "1"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from relWortbedSachgebiet"), Lines{"1"});
+  EXPECT_EQ(cli({"subject", "remove", "D.cvb", "2", "Architektur", "--meaning", "1"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from relWortbedSachgebiet"), Lines{"0"});
+  EXPECT_EQ(cli({"property", "remove", "D.cvb", "2", "Substantiv"}).code, 0);
+}
+
+TEST(Statements, printValuesEscapedAndRefuseWhatTheyCanNotMean) {
+  const CliFolder folder;
+  makeDictionary();
+  const CliResult changed =
+      cli({"sql", "D.cvb",
+           "update woerterbuch set bemerkung = 'a' & chr(9) & 'b\\c' & chr(10) where id_woerterbuch = 1"});
+  EXPECT_EQ(changed.out, "1 rows affected\n") << changed.err;
+  EXPECT_EQ(cli({"sql", "D.cvb", "select Begriff, Bemerkung, Bild from woerterbuch"}).out,
+            "Begriff\tBemerkung\tBild\nAnfang\ta\\tb\\\\c\\n\t\\N\n");
+  EXPECT_EQ(cli({"sql", "D.cvb", "select [Begriff] from [Woerterbuch] where Begriff Like 'an*'"}).out,
+            "Begriff\nAnfang\n");
+  EXPECT_EQ(cli({"sql", "D.cvb", "select Begriff from Woerterbuch where Begriff Like 'an%'", "--ado"}).out,
+            "Begriff\nAnfang\n");
+  EXPECT_EQ(cli({"sql", "D.cvb", "BegriffParam", "--param", "lWortID=1"}).code, 0);
+  for (const char* refused :
+       {"select * from nothing", "select * from woerterbuch where id_woerterbuch = [unknown]",
+        "attach database 'x' as y", "pragma key", "select * from sqlite_master", "drop database",
+        "select * from [vc$table]", "select * from woerterbuch; delete * from woerterbuch", ""}) {
+    const CliResult result = cli({"sql", "D.cvb", refused});
+    EXPECT_EQ(result.code, 1) << refused;
+    EXPECT_FALSE(result.err.empty()) << refused;
+  }
+  EXPECT_EQ(rows("select Begriff from Woerterbuch"), Lines{"Anfang"});
+}
+
+TEST(Import, takesWholeFilesOrNothing) {
+  const CliFolder folder;
+  makeDictionary();
+  folder.write("good.csv", "\xEF\xBB\xBFWort;Sinn;Notiz\n\"a;b\";x;\"zwei\nZeilen\"\n...punkt;y\nd'Or;z;\n");
+  folder.write("ragged.csv", "Wort;Sinn\na;b\nc;d;e\n");
+  folder.write("nul.csv", std::string("Wort;Sinn\na\0;b\n", 15));
+  folder.write("latin.csv", "Wort;Sinn\nM\xFCller;miller\n");
+  folder.write("null.csv", "Wort;Sinn\na;1\n;2\nc;3\n");
+  const auto import = [](const std::string& file, Lines more) {
+    Lines line = {"import-text", "D.cvb", file, "--headword", "Wort", "--meaning", "Sinn"};
+    line.insert(line.end(), more.begin(), more.end());
+    return cli(line);
+  };
+  for (const char* bad : {"ragged.csv", "nul.csv", "latin.csv", "missing.csv"}) {
+    const CliResult result = import(bad, {"--yes"});
+    EXPECT_EQ(result.code, 1) << bad;
+    EXPECT_FALSE(result.err.empty()) << bad;
+  }
+  EXPECT_EQ(import("good.csv", {}).code, 1) << "the question was not answered";
+  EXPECT_EQ(
+      cli({"import-text", "D.cvb", "good.csv", "--headword", "Nirgends", "--meaning", "Sinn", "--yes"}).code,
+      1);
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"1"}) << "nothing was imported so far";
+
+  EXPECT_EQ(import("good.csv", {"--note", "3", "--yes"}).code, 0);
+  EXPECT_EQ(import("latin.csv", {"--charset", "ANSI", "--yes"}).code, 0);
+  EXPECT_EQ(
+      rows("select Begriff, PraefixBegriff, SortBegriff, Bemerkung, MetaSuche, Ebene, Prioritaet from "
+           "Woerterbuch"
+           " where ID_Woerterbuch > 1 order by ID_Woerterbuch"),
+      (Lines{"a;b\t\\N\ta;b\tzwei\\r\\nZeilen\t//a;b////x\t1\t1",
+             "...punkt\t...\tpunkt\t\\N\t//...punkt////y\t1\t1", "d'Or\t\\N\td'Or\t\\N\t//d'Or////z\t1\t1",
+             "Müller\t\\N\tMüller\t\\N\t//Müller////miller\t1\t1"}));
+  EXPECT_EQ(
+      rows("select count(*) as n from Woerterbuch, Wortbedeutung where Woerterbuch.ID_Woerterbuch ="
+           " Wortbedeutung.ID_Woerterbuch and Woerterbuch.ID_Woerterbuch = Woerterbuch.ID_Woerterbuch1"),
+      Lines{"4"});
+  EXPECT_EQ(import("null.csv", {"--answers", "6,6"}).code, 0) << "yes to the import, yes to skipping the row";
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"7"});
+  EXPECT_EQ(cli({"check", "D.cvb"}).code, 0);
+}
+
+TEST(Publishing, splitsPagesLinksThemAndCopiesWhatTheyNeed) {
+  const CliFolder folder;
+  makeDictionary();
+  std::string list = "Wort;Sinn\n";
+  for (const char* word : {"Bank;bench", "bank;finance", "Baum;tree", "Zug;train", "Ähre;ear"})
+    list += std::string(word) + "\n";
+  folder.write("list.csv", list);
+  ASSERT_EQ(
+      cli({"import-text", "D.cvb", "list.csv", "--headword", "Wort", "--meaning", "Sinn", "--yes"}).code, 0);
+  ASSERT_EQ(
+      cli({"sql", "D.cvb", "insert into wortbedeutung (id_woerterbuch, wortbedeutung) values (2, 'shelf')"})
+          .code,
+      0);
+  ASSERT_EQ(
+      cli({"sql", "D.cvb",
+           "insert into querverweis (id_woerterbuch, id_woerterbuchqv, querverweis) values (2, 5, 'Zug')"})
+          .code,
+      0);
+  ASSERT_EQ(cli({"publish", "D.cvb", "html", "out/words.htm", "--per-page", "2"}).code, 0);
+  std::string all;
+  for (const char* page : {"out/words_1.HTM", "out/words_2.HTM", "out/words_3.HTM"}) all += folder.read(page);
+  EXPECT_FALSE(std::filesystem::exists("out/words_4.HTM"));
+  for (int id = 1; id <= 6; ++id) {
+    const std::string anchor = "<H1 ID=\"" + std::to_string(id) + "\"";
+    const auto first = all.find(anchor);
+    ASSERT_NE(first, std::string::npos) << id;
+    EXPECT_EQ(all.find(anchor, first + 1), std::string::npos) << "entry " << id << " comes once";
+  }
+  EXPECT_TRUE(holds(all, "words_3.HTM#5\">Zug</a>")) << "the cross-reference leads to its page";
+  EXPECT_TRUE(holds(folder.read("out/words_3.HTM"), "<H1 ID=\"5\""));
+  EXPECT_TRUE(holds(folder.read("out/words_INDEX.HTM"), "<A HREF=\"words_3.HTM\">"));
+  EXPECT_FALSE(holds(all, "\n\n")) << "every line ends in CR LF";
+  for (const char* file : {"out/Stylesheets/vocarium1.css", "out/Images/VC_logo.jpg", "out/Images/neu.gif"})
+    EXPECT_TRUE(std::filesystem::exists(file)) << file;
+
+  ASSERT_EQ(
+      cli({"publish", "D.cvb", "html", "letters/words", "--per-letter", "--without", "meaning-properties"})
+          .code,
+      0);
+  EXPECT_TRUE(holds(folder.read("letters/words_INDEX.HTM"), "<A HREF=\"words_1.HTM\">"));
+  EXPECT_TRUE(holds(folder.read("letters/words_2.HTM"), "Baum</H1>") ||
+              holds(folder.read("letters/words_3.HTM"), "Baum</H1>"));
+  folder.write("file", "");
+  EXPECT_EQ(cli({"publish", "D.cvb", "html", "file/words.htm"}).code, 1);
+}
+
+TEST(Care, copiesAskAboutTheirNewPlaceAndCompactionKeepsAllRows) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Haus", "--meaning", "house"}).code, 0);
+  ASSERT_EQ(cli({"copy", "D.cvb", "Kopie.cvb", "--yes"}).code, 0);
+  EXPECT_EQ(cli({"list", "Kopie.cvb"}).code, 1) << "the question about the new place is not answered";
+  EXPECT_EQ(cli({"list", "Kopie.cvb", "--answers", "7"}).code, 0);
+  EXPECT_EQ(cli({"list", "Kopie.cvb", "--yes"}).code, 0);
+  const CliResult again = cli({"list", "Kopie.cvb"});
+  EXPECT_EQ(again.code, 0) << again.err;
+  EXPECT_EQ(again.out, "Anfang\t1\nHaus\t2\n");
+  EXPECT_EQ(cli({"compact", "D.cvb", "--yes"}).code, 0);
+  EXPECT_EQ(cli({"list", "D.cvb"}).out, "Anfang\t1\nHaus\t2\n");
+  EXPECT_EQ(cli({"rebuild", "D.cvb", "sort"}).code, 1);
+  EXPECT_EQ(cli({"rebuild", "D.cvb", "sort", "--answers", "6,7"}).code, 1) << "the second question says no";
+  EXPECT_EQ(cli({"rebuild", "D.cvb", "flat", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from WoerterbuchFlat"), Lines{"2"});
+}
+
+}  // namespace
