@@ -3,6 +3,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "base/datetime.h"
@@ -18,8 +19,9 @@ struct Column {
   std::vector<std::string> fields;
 };
 struct Source {
-  const char* query;  ///< of one parameter, the row's key
-  bool withValue;     ///< items get ": " and the property's value behind them
+  const char* query;      ///< of one parameter, the row's key
+  const char* linkTable;  ///< whose rows carry the keys that the query has items for
+  bool withValue;         ///< items get ": " and the property's value behind them
   std::vector<Column> columns;
 };
 struct FlatTable {
@@ -37,13 +39,15 @@ const FlatTable& entries() {
       "AllWords",
       "ID_Woerterbuch",
       {{"BegriffSachgebietParam",
+        "relWoertSachgebiet",
         false,
         {{"SachgebieteZumBegriff", {"Sachgebiet"}}, {"AbkSachgebieteZumBegriff", {"Abkuerzung"}}}},
        {"BegriffEigenschaftWertParam1",
+        "relWoertWKat",
         true,
         {{"EigenschaftenZumBegriff", {"Kategorie"}}, {"AbkEigenschaftenZumBegriff", {"Abkuerzung"}}}},
-       {"BegriffQuerverweisParam", false, {{"Querverweise", {"Querverweis"}}}},
-       {"BegriffURLParam", false, {{"URLs", {"URLName", "URL", "URLNotiz"}}}}}};
+       {"BegriffQuerverweisParam", "Querverweis", false, {{"Querverweise", {"Querverweis"}}}},
+       {"BegriffURLParam", "URL", false, {{"URLs", {"URLName", "URL", "URLNotiz"}}}}}};
   return table;
 }
 
@@ -54,14 +58,17 @@ const FlatTable& meanings() {
       "ViewBegriffWortbedeutung2",
       "ID_Wortbedeutung",
       {{"WortbedSachgebietParam",
+        "relWortbedSachgebiet",
         false,
         {{"SachgebieteZurWortbedeutung", {"Sachgebiet"}},
          {"AbkSachgebieteZurWortbedeutung", {"Abkuerzung"}}}},
        {"WortbedEigenschaftWertParam",
+        "relWortbedWKat",
         true,
         {{"EigenschaftenZurWortbedeutung", {"Kategorie"}},
          {"AbkEigenschaftenZurWortbedeutung", {"Abkuerzung"}}}},
        {"WortbedBspParam",
+        "WortBedBsp",
         false,
         {{"Beispiele", {"Beispiel"}}, {"Beispieluebersetzungen", {"Beispieluebersetzung"}}}}}};
   return table;
@@ -85,12 +92,15 @@ std::string joinedItems(engine::Recordset& rows, const Source& source, const Col
   return text;
 }
 
-/// Fills rows of one flat table; keeps its recordset and queries open between them.
+/// Fills rows of one flat table; keeps its recordset open and its queries' parameters at hand.
 class FlatWriter {
  public:
   FlatWriter(engine::Database& db, const FlatTable& table, bool emptied)
-      : table_(table), emptied_(emptied), rows_(db.OpenRecordset(table.editQuery)) {
-    for (const Source& source : table.sources) queries_.push_back(db.queryDef(source.query));
+      : db_(db), table_(table), emptied_(emptied), rows_(db.OpenRecordset(table.editQuery)) {
+    for (const Source& source : table.sources)
+      parameters_.push_back({{db.queryDef(source.query).parameterNames().at(0), {}}});
+    if (!emptied) return;
+    for (const Source& source : table.sources) linked_.push_back(keysIn(source.linkTable));
   }
 
   void fill(std::int64_t key) {
@@ -101,22 +111,41 @@ class FlatWriter {
     } else {
       rows_.Edit();
     }
-    // All columns are set, so that what was unlinked vanishes.
-    for (std::size_t i = 0; i < queries_.size(); ++i) {
-      engine::QueryDef& query = queries_[i];
-      query.setParameter(query.parameterNames().front(), key);
-      engine::Recordset items = query.OpenRecordset(engine::RecordsetKind::snapshot);
-      for (const Column& column : table_.sources[i].columns)
-        rows_.set(column.target, joinedItems(items, table_.sources[i], column));
+    for (std::size_t i = 0; i < parameters_.size(); ++i) {
+      if (emptied_ && !linked_[i].contains(key))
+        clearColumns(table_.sources[i]);
+      else
+        fillColumns(table_.sources[i], parameters_[i], key);
     }
     rows_.Update();
   }
 
  private:
+  std::unordered_set<std::int64_t> keysIn(const char* linkTable) {
+    std::unordered_set<std::int64_t> keys;
+    engine::Recordset rows = db_.OpenRecordset(
+        "select distinct " + std::string(table_.key) + " from " + linkTable, engine::RecordsetKind::snapshot);
+    for (; !rows.EndOfFile(); rows.MoveNext())
+      if (!rows.value(0).isNull()) keys.insert(rows.value(0).asInteger());
+    return keys;
+  }
+  void clearColumns(const Source& source) {
+    for (const Column& column : source.columns) rows_.set(column.target, "");
+  }
+  /// All columns are set, so that what was unlinked vanishes.
+  void fillColumns(const Source& source, engine::Parameters& parameters, std::int64_t key) {
+    parameters.front().second = key;
+    engine::Recordset items = db_.OpenRecordset(source.query, engine::RecordsetKind::snapshot, parameters);
+    for (const Column& column : source.columns) rows_.set(column.target, joinedItems(items, source, column));
+  }
+
+  engine::Database& db_;
   const FlatTable& table_;
   bool emptied_;  ///< no row can be there already
   engine::Recordset rows_;
-  std::vector<engine::QueryDef> queries_;
+  std::vector<engine::Parameters> parameters_;  ///< of each source, the key alone
+  /// Of each source, the keys that have items: a full build opens no query for the others.
+  std::vector<std::unordered_set<std::int64_t>> linked_;
 };
 
 /// The time of the last build; nothing asks for a full one.
