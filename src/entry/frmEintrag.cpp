@@ -84,6 +84,7 @@ void bindNavigator(frmEintrag& form) {
   } else {
     SetData10(form);
   }
+  findInNavigator(form, form.session.entry.CurrentEntryId);
 }
 
 void findInNavigator(frmEintrag& form, std::int64_t id) {
@@ -125,17 +126,21 @@ void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId
   form.record.DateTimeStampLastChange = now.stamp();
   form.record.DatabaseName = s.files.CurrentDBPath;
 
-  // The row bears its level from the start: what a crash leaves at level 0 goes at the next opening.
-  engine::Recordset& rows = form.navigator;
+  // The row bears its level from the start: what a crash leaves at level 0 goes at the next opening. It is
+  // added while no list of all entries is open, since such a list would have to be read whole to keep its
+  // rows.
+  form.navigator = {};
+  auto rows = s.files.CurrentDB.OpenRecordset("Woerterbuch", engine::RecordsetKind::table);
   rows.AddNew();
   rows.set("DATETIMESTAMP", now);
   rows.set("EBENE", form.record.Ebene);
   rows.set("PRIORITAET", form.record.Prioritaet);
   rows.set("DATABASENAME", form.record.DatabaseName);
-  rows.Update();
-  rows.setBookmark(rows.LastModified());
   form.record.ID_Woerterbuch = rows["ID_Woerterbuch"].asInteger();
+  rows.Update();
+  rows.Close();
   s.entry.CurrentEntryId = form.record.ID_Woerterbuch;
+  bindNavigator(form);
 
   EigenschaftenSachgebieteAutomatischAnBegriff(form, s.entry.CurrentEntryId);
   StichwortBedeutungNeuAnzeigen(form, s.entry.CurrentEntryId);
@@ -160,7 +165,6 @@ bool Form_Activate(frmEintrag& form) {
   form.savedInVisit = false;
   return session::guard(s, form.formName, [&] {
     readSettings(form);
-    bindNavigator(form);
     AttribSubjectRefill(form);
     SetADODC3(form);
     form.captionLabels.fill({});
@@ -174,7 +178,7 @@ bool Form_Activate(frmEintrag& form) {
     } else {
       // A sub-entry that is edited stays one, whatever was made before it.
       if (mode == 4) s.entry.NewEntryLevel = 2;
-      findInNavigator(form, s.entry.CurrentEntryId);
+      bindNavigator(form);
       readEntry(form, s.entry.CurrentEntryId);
       session::ShowStatus(s, "", false);
       form.focus = Focus::headword;

@@ -16,7 +16,10 @@ struct Refused {
   int number = 0;
   std::string text;
 
+  // Notes a key that its column does not take; any other failure is not the row's and goes on.
   void add(const std::string& headword, const base::Error& error) {
+    if (error.number() != engine::errors::zeroLength && error.number() != engine::errors::tooLong)
+      throw error;
     if (rows++ > 0) return;
     number = error.number();
     text = "\"" + headword + "\": " + error.text();

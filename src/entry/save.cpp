@@ -76,7 +76,6 @@ void goOn(frmEintrag& form, int index) {
   if ((mode == 1 || mode == 3) && index != 2) {
     flow.EntryEditMode = 1;
     flow.NewEntryLevel = 1;
-    bindNavigator(form);
     makeStub(form, flow.PresetBegriff, 0);
   } else if (mode == 2 && index == 3) {
     form.NextPriority = form.NextPriority < 1 ? 1 : form.NextPriority + 1;
@@ -97,19 +96,17 @@ bool save(frmEintrag& form, int index) {
     form.focus = Focus::headword;
     return false;
   }
-  bool all = true;
-  if (flow.EntryEditMode <= 2) {
-    all &= attempt(form, [&] {
-      bindNavigator(form);
-      findInNavigator(form, flow.CurrentEntryId);
-    });
-  }
-  all &= attempt(form, [&] { HistorieEintragen(s, flow.CurrentEntryId); });
+  // A list of all entries that stays open would be read whole before the first write to its table.
+  form.navigator = {};
+  bool all = attempt(form, [&] { HistorieEintragen(s, flow.CurrentEntryId); });
   setLevel(form, index);
   all &= takeBoxes(form);
   const Saved saved = writeEntry(form);
   // Going on would leave a stub behind and lose what was typed.
-  if (!saved.written) return false;
+  if (!saved.written) {
+    bindNavigator(form);
+    return false;
+  }
   all &= saved.all;
   if (form.record.Ebene > 1) {
     all &= attempt(form, [&] { setFlag(s, "inbearbeitung", form.inProgressBox, flow.SavedMainEntryId); });
@@ -130,24 +127,32 @@ bool isStub(frmEintrag& form) {
   return !row.EndOfFile() && row.value(0).isNull();
 }
 
-bool hasOneRow(engine::Recordset& rows) {
-  rows.MoveFirst();
-  rows.MoveNext();
-  return rows.EndOfFile();
+// Whether the navigator shows no entry but this one.
+bool isOnlyRow(engine::Recordset& rows, std::int64_t id) {
+  if (rows.EndOfFile() && rows.BeginOfFile()) return true;
+  for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) {
+    if (rows["ID_Woerterbuch"].asInteger() != id) return false;
+  }
+  return true;
+}
+
+void deleteStub(frmEintrag& form) {
+  form.navigator = {};
+  form.session.files.CurrentDB.Execute("delete * from Woerterbuch where id_woerterbuch = " +
+                                       std::to_string(form.session.entry.CurrentEntryId));
 }
 
 // True when the stub is gone.
 bool discardStub(frmEintrag& form) {
   session::Session& s = form.session;
-  if (hasOneRow(form.navigator)) {
+  if (isOnlyRow(form.navigator, s.entry.CurrentEntryId)) {
     session::showBox(s,
                      session::dialogText(s, dialog::last_entry_before) + s.files.CurrentDBPath + " " +
                          session::dialogText(s, dialog::last_entry_after),
                      platform::box::exclamation);
     return false;
   }
-  s.files.CurrentDB.Execute("delete * from Woerterbuch where id_woerterbuch = " +
-                            std::to_string(s.entry.CurrentEntryId));
+  deleteStub(form);
   s.entry.CurrentBegriff.clear();
   // Entries saved before the stub are not told by CurrentBegriff any more.
   if (form.savedInVisit) s.shell.pendingRefresh = true;
@@ -155,15 +160,15 @@ bool discardStub(frmEintrag& form) {
 }
 
 // The answers to the question about a headword that exists: true to go on to the next box.
-bool answerDuplicate(frmEintrag& form, const std::string& own, std::int64_t existing) {
+bool answerDuplicate(frmEintrag& form, std::int64_t existing) {
   session::Session& s = form.session;
   const int answer = session::showMessage(s, dialog::headword_exists, platform::box::yesNoCancel);
-  form.navigator.setBookmark(own);
   if (answer == platform::box::answerYes) return true;
   if (answer == platform::box::answerNo) {
-    form.navigator.Delete();
-    findInNavigator(form, existing);
+    deleteStub(form);
     s.entry.EntryEditMode = 3;
+    s.entry.CurrentEntryId = existing;
+    bindNavigator(form);
     readEntry(form, existing);
   }
   form.focus = Focus::headword;
@@ -171,16 +176,13 @@ bool answerDuplicate(frmEintrag& form, const std::string& own, std::int64_t exis
 }
 
 bool checkHeadword(frmEintrag& form) {
+  const std::int64_t own = form.session.entry.CurrentEntryId;
   engine::Recordset& rows = form.navigator;
-  const std::string own = rows.Bookmark();
-  const std::int64_t ownId = rows["ID_Woerterbuch"].asInteger();
+  if (rows.EndOfFile() && rows.BeginOfFile()) return true;
   rows.FindFirst("begriff = \"" + base::trim(form.headwordBox) + "\" and ebene > 0");
-  if (!rows.NoMatch()) {
-    const std::int64_t existing = rows["ID_Woerterbuch"].asInteger();
-    if (existing != ownId) return answerDuplicate(form, own, existing);
-  }
-  rows.setBookmark(own);
-  return true;
+  const std::int64_t existing = rows.NoMatch() ? own : rows["ID_Woerterbuch"].asInteger();
+  findInNavigator(form, own);
+  return existing == own || answerDuplicate(form, existing);
 }
 
 }  // namespace
