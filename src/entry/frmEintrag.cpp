@@ -84,12 +84,6 @@ void bindNavigator(frmEintrag& form) {
   } else {
     SetData10(form);
   }
-  findInNavigator(form, form.session.entry.CurrentEntryId);
-}
-
-void findInNavigator(frmEintrag& form, std::int64_t id) {
-  if (form.navigator.EndOfFile() && form.navigator.BeginOfFile()) return;
-  form.navigator.FindFirst("ID_Woerterbuch = " + std::to_string(id));
 }
 
 void applyMode(frmEintrag& form) {
@@ -126,10 +120,7 @@ void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId
   form.record.DateTimeStampLastChange = now.stamp();
   form.record.DatabaseName = s.files.CurrentDBPath;
 
-  // The row bears its level from the start: what a crash leaves at level 0 goes at the next opening. It is
-  // added while no list of all entries is open, since such a list would have to be read whole to keep its
-  // rows.
-  form.navigator = {};
+  // The row bears its level from the start: what a crash leaves at level 0 goes at the next opening.
   auto rows = s.files.CurrentDB.OpenRecordset("Woerterbuch", engine::RecordsetKind::table);
   rows.AddNew();
   rows.set("DATETIMESTAMP", now);
@@ -138,9 +129,7 @@ void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId
   rows.set("DATABASENAME", form.record.DatabaseName);
   form.record.ID_Woerterbuch = rows["ID_Woerterbuch"].asInteger();
   rows.Update();
-  rows.Close();
   s.entry.CurrentEntryId = form.record.ID_Woerterbuch;
-  bindNavigator(form);
 
   EigenschaftenSachgebieteAutomatischAnBegriff(form, s.entry.CurrentEntryId);
   StichwortBedeutungNeuAnzeigen(form, s.entry.CurrentEntryId);
@@ -178,7 +167,6 @@ bool Form_Activate(frmEintrag& form) {
     } else {
       // A sub-entry that is edited stays one, whatever was made before it.
       if (mode == 4) s.entry.NewEntryLevel = 2;
-      bindNavigator(form);
       readEntry(form, s.entry.CurrentEntryId);
       session::ShowStatus(s, "", false);
       form.focus = Focus::headword;

@@ -14,6 +14,18 @@
 namespace entry {
 namespace {
 
+// The navigator, open for as long as this lives.
+class BoundNavigator {
+ public:
+  explicit BoundNavigator(frmEintrag& form) : form_(form) { bindNavigator(form); }
+  ~BoundNavigator() { form_.navigator = {}; }
+  BoundNavigator(const BoundNavigator&) = delete;
+  BoundNavigator& operator=(const BoundNavigator&) = delete;
+
+ private:
+  frmEintrag& form_;
+};
+
 // Takes the boxes into the record. A priority that is no byte leaves the record's.
 bool takeBoxes(frmEintrag& form) {
   form.record.Begriff = form.headwordBox;
@@ -96,17 +108,12 @@ bool save(frmEintrag& form, int index) {
     form.focus = Focus::headword;
     return false;
   }
-  // A list of all entries that stays open would be read whole before the first write to its table.
-  form.navigator = {};
   bool all = attempt(form, [&] { HistorieEintragen(s, flow.CurrentEntryId); });
   setLevel(form, index);
   all &= takeBoxes(form);
   const Saved saved = writeEntry(form);
   // Going on would leave a stub behind and lose what was typed.
-  if (!saved.written) {
-    bindNavigator(form);
-    return false;
-  }
+  if (!saved.written) return false;
   all &= saved.all;
   if (form.record.Ebene > 1) {
     all &= attempt(form, [&] { setFlag(s, "inbearbeitung", form.inProgressBox, flow.SavedMainEntryId); });
@@ -127,8 +134,10 @@ bool isStub(frmEintrag& form) {
   return !row.EndOfFile() && row.value(0).isNull();
 }
 
-// Whether the navigator shows no entry but this one.
-bool isOnlyRow(engine::Recordset& rows, std::int64_t id) {
+// Whether there is no entry to choose but this one.
+bool isOnlyRow(frmEintrag& form, std::int64_t id) {
+  const BoundNavigator bound(form);
+  engine::Recordset& rows = form.navigator;
   if (rows.EndOfFile() && rows.BeginOfFile()) return true;
   for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) {
     if (rows["ID_Woerterbuch"].asInteger() != id) return false;
@@ -137,7 +146,6 @@ bool isOnlyRow(engine::Recordset& rows, std::int64_t id) {
 }
 
 void deleteStub(frmEintrag& form) {
-  form.navigator = {};
   form.session.files.CurrentDB.Execute("delete * from Woerterbuch where id_woerterbuch = " +
                                        std::to_string(form.session.entry.CurrentEntryId));
 }
@@ -145,7 +153,7 @@ void deleteStub(frmEintrag& form) {
 // True when the stub is gone.
 bool discardStub(frmEintrag& form) {
   session::Session& s = form.session;
-  if (isOnlyRow(form.navigator, s.entry.CurrentEntryId)) {
+  if (isOnlyRow(form, s.entry.CurrentEntryId)) {
     session::showBox(s,
                      session::dialogText(s, dialog::last_entry_before) + s.files.CurrentDBPath + " " +
                          session::dialogText(s, dialog::last_entry_after),
@@ -167,22 +175,43 @@ bool answerDuplicate(frmEintrag& form, std::int64_t existing) {
   if (answer == platform::box::answerNo) {
     deleteStub(form);
     s.entry.EntryEditMode = 3;
-    s.entry.CurrentEntryId = existing;
-    bindNavigator(form);
     readEntry(form, existing);
   }
   form.focus = Focus::headword;
   return false;
 }
 
-bool checkHeadword(frmEintrag& form) {
+// The first entry of the headword in the box, or the one on show.
+std::int64_t entryOfHeadword(frmEintrag& form) {
+  const BoundNavigator bound(form);
   const std::int64_t own = form.session.entry.CurrentEntryId;
   engine::Recordset& rows = form.navigator;
-  if (rows.EndOfFile() && rows.BeginOfFile()) return true;
+  if (rows.EndOfFile() && rows.BeginOfFile()) return own;
   rows.FindFirst("begriff = \"" + base::trim(form.headwordBox) + "\" and ebene > 0");
-  const std::int64_t existing = rows.NoMatch() ? own : rows["ID_Woerterbuch"].asInteger();
-  findInNavigator(form, own);
-  return existing == own || answerDuplicate(form, existing);
+  return rows.NoMatch() ? own : rows["ID_Woerterbuch"].asInteger();
+}
+
+bool checkHeadword(frmEintrag& form) {
+  const std::int64_t existing = entryOfHeadword(form);
+  return existing == form.session.entry.CurrentEntryId || answerDuplicate(form, existing);
+}
+
+// The entry that a step of the navigator leads to.
+std::int64_t entryOfStep(frmEintrag& form, Step step) {
+  const BoundNavigator bound(form);
+  engine::Recordset& rows = form.navigator;
+  const std::int64_t own = form.session.entry.CurrentEntryId;
+  if (rows.EndOfFile() && rows.BeginOfFile()) return own;
+  rows.FindFirst("ID_Woerterbuch = " + std::to_string(own));
+  // An entry that the letter in force leaves out leads to the first of those it shows.
+  if (step == Step::first || rows.NoMatch()) {
+    rows.MoveFirst();
+  } else if (step == Step::last) {
+    rows.MoveLast();
+  } else {
+    rows.Move(step == Step::next ? 1 : -1);
+  }
+  return rows.BeginOfFile() || rows.EndOfFile() ? own : rows["ID_Woerterbuch"].asInteger();
 }
 
 }  // namespace
@@ -228,31 +257,11 @@ bool moveNavigator(frmEintrag& form, Step step) {
   session::Session& s = form.session;
   if (!form.navigatorShown || !form.visible) return false;
   return session::guard(s, form.formName, [&] {
-    engine::Recordset& rows = form.navigator;
-    switch (step) {
-      case Step::first:
-        rows.MoveFirst();
-        break;
-      case Step::previous:
-        rows.MovePrevious();
-        break;
-      case Step::next:
-        rows.MoveNext();
-        break;
-      case Step::last:
-        rows.MoveLast();
-        break;
-    }
-    if (rows.BeginOfFile()) rows.MoveFirst();
-    if (rows.EndOfFile()) rows.MoveLast();
-    const std::int64_t id = rows["ID_Woerterbuch"].asInteger();
+    const std::int64_t id = entryOfStep(form, step);
     if (s.entry.EntryEditMode < 3 || id == s.entry.CurrentEntryId) return true;
     bool all = takeBoxes(form);
     const Saved saved = writeEntry(form);
-    if (!saved.written) {
-      findInNavigator(form, s.entry.CurrentEntryId);
-      return false;
-    }
+    if (!saved.written) return false;
     all &= saved.all;
     readEntry(form, id);
     return all;

@@ -8,12 +8,11 @@
 /// Steps of a visit of the editor that its commands share; they throw.
 namespace entry {
 
-/// Binds the navigator as the mode and the letter in force ask, and places it on the current entry.
+/// Binds the navigator as the mode and the letter in force ask.
 void bindNavigator(frmEintrag& form);
-void findInNavigator(frmEintrag& form, std::int64_t id);
 /// Shows the commands and boxes of the mode.
 void applyMode(frmEintrag& form);
-/// Adds a new row, binds the navigator to it and shows it; an empty headword becomes the usual one. `mainId`
+/// Adds a new row and shows it; an empty headword becomes the usual one. `mainId`
 /// is its main entry in the record alone (0 when that is not known yet): the row keeps Null until it is
 /// saved.
 void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId);
