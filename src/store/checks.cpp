@@ -32,9 +32,8 @@ void deleteFound(engine::Recordset rows, const std::string& criterion) {
 }
 
 void mendMainEntries(session::Session& s, engine::Database& db) {
-  engine::Recordset rows = db.OpenRecordset(
-      "select * from woerterbuch where (ebene = 1 and ID_Woerterbuch <> ID_Woerterbuch1) or "
-      "isnull(ID_Woerterbuch1)");
+  engine::Recordset rows =
+      db.OpenRecordset(std::string("select * from woerterbuch where ") + wrongMainEntries);
   for (; !rows.EndOfFile(); rows.MoveNext()) {
     const std::string headword = rows["Begriff"].textOrEmpty();
     if (headword.empty()) continue;
@@ -50,8 +49,9 @@ void mendMainEntries(session::Session& s, engine::Database& db) {
   }
 }
 
-void tellIfAny(session::Session& s, engine::Database& db, const std::string& statement, int message) {
-  if (!db.OpenRecordset(statement).EndOfFile()) session::showMessage(s, message, platform::box::exclamation);
+void tellIfAny(session::Session& s, engine::Database& db, const std::string& condition, int message) {
+  if (!db.OpenRecordset("select * from woerterbuch where " + condition).EndOfFile())
+    session::showMessage(s, message, platform::box::exclamation);
 }
 
 }  // namespace
@@ -94,16 +94,16 @@ void ExecKorrekturen(session::Session& s) {
   if (!db.OpenRecordset("Filterselektion1").EndOfFile()) db.Execute("delete * from Filterselektion1;");
   db.Execute("alter table woerterbuch alter column metasuche longtext;");
   mendMainEntries(s, db);
-  tellIfAny(s, db, "select * from woerterbuch where isnull(sortbegriff)", dialog::sort_terms_missing);
-  tellIfAny(s, db, "select * from woerterbuch where isnull(metasuche)", dialog::search_text_missing);
+  tellIfAny(s, db, noSortKey, dialog::sort_terms_missing);
+  tellIfAny(s, db, noSearchText, dialog::search_text_missing);
 }
 
 void CheckDatabase(session::Session& s) {
   engine::Database& db = s.files.CurrentDB;
   if (db.readOnly()) return;
   const session::Busy busy(s, session::labelText(s, label::checking_file));
-  deleteFound(db.OpenRecordset("AllWordsOrderByBegriff"), "ebene =0");
-  deleteFound(db.OpenRecordset("Select * from Wortbedeutung;"), "ID_Woerterbuch is null");
+  deleteFound(db.OpenRecordset("AllWordsOrderByBegriff"), levelZero);
+  deleteFound(db.OpenRecordset("Select * from Wortbedeutung;"), noEntry);
 }
 
 }  // namespace store

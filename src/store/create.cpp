@@ -36,6 +36,7 @@ void build(session::Session& s, const std::string& path) {
   engine::Database& db = s.files.CurrentDB;
   CreateTables(db);
   CreateRelations(db);
+  WatchOpeningChecks(db);
   CreateQueries(db);
   removeGroupRights(db);
   stampVersion(db, path);

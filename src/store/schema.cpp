@@ -112,6 +112,13 @@ void CreateRelations(engine::Database& db) {
   }
 }
 
+void WatchOpeningChecks(engine::Database& db) {
+  engine::TableDef entries = db.tableDef("Woerterbuch");
+  for (const char* condition : {wrongMainEntries, noSortKey, noSearchText, levelZero})
+    entries.watch(condition);
+  db.tableDef("Wortbedeutung").watch(noEntry);
+}
+
 void SetTableProperties(engine::Database& db) {
   for (const FieldRow& row : zeroLengthFields) {
     engine::TableDef table = db.tableDef(row.table);

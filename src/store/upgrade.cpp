@@ -63,6 +63,7 @@ void UpdateFrom2012rV17ToCurrentVersion(session::Session& s, engine::Database& d
   addSetting(s, db, "IgnoreAtSort", ignoreAtSort);
   addTable(s, db, "WZeit", [&] { ImportWZeit(s, db); });
   CreateQueries(db);
+  WatchOpeningChecks(db);
   engine::Recordset info = db.OpenRecordset("Info");
   info.Edit();
   info.set("Version", currentVersion);
