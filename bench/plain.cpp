@@ -1,5 +1,6 @@
 #include "plain.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -87,7 +88,11 @@ double peakMemory() {
 }
 
 void report(const std::string& what, double ours, double plain, const std::string& aim) {
-  std::printf("| %s | %.3f s | %.3f s | %.2f | %s |\n", what.c_str(), ours, plain, ours / plain, aim.c_str());
+  const bool brief = std::max(ours, plain) < 1;
+  const double unit = brief ? 1000 : 1;
+  const char* name = brief ? "ms" : "s";
+  std::printf("| %s | %.2f %s | %.2f %s | %.2f | %s |\n", what.c_str(), ours * unit, name, plain * unit, name,
+              ours / plain, aim.c_str());
   std::fflush(stdout);
 }
 

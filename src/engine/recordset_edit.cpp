@@ -128,6 +128,9 @@ template <class Write>
 void Recordset::Impl::whileWriting(Write&& write) {
   storage::Connection& connection = query_->connection();
   const OwnWrite own(*this);
+  if (query_->plan().sources.size() == 1) {
+    return write();  // one row, which the writer writes whole or not at all
+  }
   for (std::size_t source = 0; source < query_->plan().sources.size(); ++source) {
     connection.beforeWrite(query_->fileOf(static_cast<int>(source)));
   }

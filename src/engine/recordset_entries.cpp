@@ -38,7 +38,10 @@ RecordsetEntries::RecordsetEntries(RecordsetQuery& query, bool keyed)
 void RecordsetEntries::readKey(const storage::Statement& statement, std::span<std::int64_t> key) {
   for (std::size_t source = 0; source < key.size(); ++source) {
     const int column = static_cast<int>(source);
-    key[source] = statement.isNull(column) ? KeyList::missing : statement.integer(column);
+    key[source] = statement.integer(column);  // 0 also stands for Null
+    if (key[source] == 0 && statement.isNull(column)) {
+      key[source] = KeyList::missing;
+    }
   }
 }
 
@@ -237,7 +240,7 @@ RecordsetEntries::Row RecordsetEntries::rowByKey(std::span<const std::int64_t> k
     byKey_.emplace(query_.statement(plan::emitRowByKey(query_.plan())));
     enter();
   }
-  int parameter = query_.parameterCount();
+  auto parameter = static_cast<int>(query_.plan().parameters.size());
   for (const std::int64_t rowid : key) {
     ++parameter;
     if (rowid == KeyList::missing) {

@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "base/text.h"
+#include "engine/parameters.h"
 #include "engine/recordset_impl.h"
 
 namespace engine {
@@ -50,7 +52,8 @@ void Recordset::Impl::find(Direction direction, const std::string& criterion) {
 /// that goes through it is the answer; where it stands in the set is not asked. Returns false when the
 /// question has to be answered by positions.
 bool Recordset::Impl::findStreaming(Direction direction, const std::string& criterion) {
-  if (!entries_->untouched()) {
+  // A row limit holds for the set, not for the rows that meet the criterion.
+  if (!entries_->untouched() || query_->plan().limit) {
     return false;
   }
   if (direction == Direction::next) {
@@ -66,7 +69,7 @@ bool Recordset::Impl::findStreaming(Direction direction, const std::string& crit
     stream_.statement.emplace(
         query_->connection().handle(),
         plan::emitKeys(query_->plan(), query_->where(criterion), direction == Direction::last));
-    query_->bindParameters(*stream_.statement);
+    bindParameters(*stream_.statement, query_->plan(), query_->source().parameters);
     query_->connection().readers().enter(stream_.ticket, [this] {
       stream_.statement.reset();
       stream_.ticket.reset();
@@ -86,14 +89,25 @@ bool Recordset::Impl::findStreaming(Direction direction, const std::string& crit
   return true;
 }
 
+/// A number that grows with each change of a row that a criterion over the set can see.
+std::int64_t Recordset::Impl::changesOfTables() {
+  const storage::Readers& readers = query_->connection().readers();
+  std::int64_t changes = 0;
+  for (const plan::Source& source : query_->plan().sources) {
+    changes += readers.changesOf(source.file->schemaName(), source.table->name);
+  }
+  return changes;
+}
+
 const std::vector<std::int64_t>& Recordset::Impl::hits(const std::string& criterion) {
-  const std::int64_t now = query_->connection().readers().generation();
-  if (hits_.generation != now || hits_.criterion != criterion) {
-    hits_.generation = -1;
+  const std::int64_t changes = changesOfTables();
+  if (hits_.changes != changes || hits_.criterion != criterion) {
+    hits_.changes = -1;
     hits_.slots.clear();
     collectHits(criterion, hits_.slots);
     hits_.criterion = criterion;
-    hits_.generation = now;
+    const bool seesOtherTables = base::inStrIgnoreCase(criterion, "select") > 0;
+    hits_.changes = seesOtherTables ? -1 : changes;
   }
   return hits_.slots;
 }
@@ -120,7 +134,7 @@ void Recordset::Impl::collectHits(const std::string& criterion, std::vector<std:
     }
   }
   storage::Statement statement(query_->connection().handle(), plan::emitKeys(all, condition));
-  query_->bindParameters(statement);
+  bindParameters(statement, query_->plan(), query_->source().parameters);
   Key key(keys.sources());
   while (statement.step()) {
     RecordsetEntries::readKey(statement, key);

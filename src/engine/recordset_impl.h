@@ -68,10 +68,10 @@ class Recordset::Impl {
     Key last;
     storage::Readers::Ticket ticket;
   };
-  /// The slots of all hits, sorted, good until the next write.
+  /// The slots of all hits, sorted, good until one of the set's tables changes.
   struct Hits {
     std::string criterion;
-    std::int64_t generation = -1;
+    std::int64_t changes = -1;
     std::vector<std::int64_t> slots;
   };
 
@@ -90,6 +90,7 @@ class Recordset::Impl {
 
   bool findStreaming(Direction direction, const std::string& criterion);
   const std::vector<std::int64_t>& hits(const std::string& criterion);
+  std::int64_t changesOfTables();
   void collectHits(const std::string& criterion, std::vector<std::int64_t>& slots);
   void findInSpool(Direction direction, const std::string& criterion);
 

@@ -145,6 +145,27 @@ bool KeyList::less(std::int64_t slot, std::span<const std::int64_t> rowids) cons
   return false;
 }
 
+/// The inverse as an array; false where the rowids lie too far apart for one.
+template <class Rowid>
+bool KeyList::indexByRowid(const std::vector<Rowid>& rowids) const {
+  const auto [least, most] = std::ranges::minmax(rowids);
+  const auto spread = static_cast<std::uint64_t>(most) - static_cast<std::uint64_t>(least);
+  if (spread / 2 >= rowids.size()) {
+    return false;
+  }
+  lowest_ = least;
+  byRowid_.assign(spread + 1, 0);
+  auto hole = holes_.begin();  // the rowid of a removed entry may have been given to a later row
+  for (std::size_t slot = 0; slot < rowids.size(); ++slot) {
+    if (hole != holes_.end() && *hole == static_cast<std::int64_t>(slot)) {
+      ++hole;
+      continue;
+    }
+    byRowid_[static_cast<std::size_t>(rowids[slot] - least)] = static_cast<std::uint32_t>(slot + 1);
+  }
+  return true;
+}
+
 void KeyList::buildInverse() const {
   inverseSlots_ = slots_;
   byRowid_.clear();
@@ -152,24 +173,8 @@ void KeyList::buildInverse() const {
   if (slots_ == 0) {
     return;
   }
-  if (sources_ == 1) {
-    std::int64_t highest = rowid(0, 0);
-    lowest_ = highest;
-    for (std::int64_t slot = 1; slot < slots_; ++slot) {
-      lowest_ = std::min(lowest_, rowid(slot, 0));
-      highest = std::max(highest, rowid(slot, 0));
-    }
-    const auto spread = static_cast<std::uint64_t>(highest) - static_cast<std::uint64_t>(lowest_);
-    if (spread / 2 < static_cast<std::uint64_t>(slots_)) {
-      byRowid_.assign(spread + 1, 0);
-      for (std::int64_t slot = 0; slot < slots_; ++slot) {
-        if (isHole(slot)) {  // its rowid may have been given to a later row
-          continue;
-        }
-        byRowid_[static_cast<std::size_t>(rowid(slot, 0) - lowest_)] = static_cast<std::uint32_t>(slot + 1);
-      }
-      return;
-    }
+  if (sources_ == 1 && (isWide_ ? indexByRowid(wide_) : indexByRowid(narrow_))) {
+    return;
   }
   sorted_.reserve(static_cast<std::size_t>(size()));
   for (std::int64_t slot = 0; slot < slots_; ++slot) {
@@ -189,12 +194,16 @@ void KeyList::buildInverse() const {
   });
 }
 
-std::int64_t KeyList::find(std::span<const std::int64_t> rowids) const {
+void KeyList::prepareFind() const {
   // Entries behind the inverse are few (rows added since it was built) until they outweigh a rebuild.
   constexpr std::int64_t tail = 64;
   if (inverseSlots_ + tail < slots_ || (inverseSlots_ == 0 && slots_ > 0)) {
     buildInverse();
   }
+}
+
+std::int64_t KeyList::find(std::span<const std::int64_t> rowids) const {
+  prepareFind();
   std::int64_t found = none;
   if (!byRowid_.empty()) {
     const auto index = static_cast<std::uint64_t>(rowids[0]) - static_cast<std::uint64_t>(lowest_);

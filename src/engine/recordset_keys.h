@@ -43,11 +43,13 @@ class KeyList {
   /// The same downwards; -1 before the first.
   std::int64_t skipBackward(std::int64_t slot) const;
 
-  /// The slot that holds exactly these rowids, `none` when there is none. The first call after a change
-  /// builds the inverse of the list: an array over the rowids where they lie close, else a sorted index.
+  /// The slot that holds exactly these rowids, `none` when there is none. Builds the inverse of the list
+  /// where that is missing: an array over the rowids where they lie close, else a sorted index.
   std::int64_t find(std::span<const std::int64_t> rowids) const;
 
-  /// The same among the removed entries.
+  /// Builds the inverse ahead of the first find().
+  void prepareFind() const;
+  /// The slot of a removed entry with these rowids.
   std::int64_t findRemoved(std::span<const std::int64_t> rowids) const;
 
   std::size_t bytes() const;
@@ -55,6 +57,8 @@ class KeyList {
  private:
   void widen();
   void buildInverse() const;
+  template <class Rowid>
+  bool indexByRowid(const std::vector<Rowid>& rowids) const;
   bool less(std::int64_t slot, std::span<const std::int64_t> rowids) const;
 
   std::size_t sources_;

@@ -177,6 +177,11 @@ void Recordset::Impl::moveLast() {
   cancelUpdate();
   entries_->complete();
   counted_ = true;
+  // Whoever counts a large set asks for positions next; beside the counting this costs nothing to speak of.
+  constexpr std::int64_t large = 10'000;
+  if (entries_->keyed() && entries_->known() > large) {
+    entries_->keys().prepareFind();
+  }
   if (!backwardFrom(entries_->known() - 1)) {
     standBehind();
     noCurrentRecord();

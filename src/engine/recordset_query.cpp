@@ -1,10 +1,9 @@
 #include "engine/recordset_query.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 
 #include "base/text.h"
+#include "engine/parameters.h"
 #include "engine/sql/parser.h"
 
 namespace engine {
@@ -24,36 +23,6 @@ std::string statementText(const storage::AttachedFile& file, const std::string& 
   return text;
 }
 
-std::string bareName(std::string_view name) {
-  if (name.size() > 1 && name.front() == '[' && name.back() == ']') {
-    name = name.substr(1, name.size() - 2);
-  }
-  return std::string(name);
-}
-
-/// A parameter's value in its declared type, where that changes how it compares.
-Value asParameter(const Value& value, ColumnType type) {
-  if (value.isNull()) {
-    return value;
-  }
-  switch (type) {
-    case ColumnType::counter:
-    case ColumnType::longInteger:
-    case ColumnType::shortInteger:
-      return value.asInteger();
-    case ColumnType::bit:
-      return value.asBoolean();
-    case ColumnType::real:
-      return value.asReal();
-    case ColumnType::date:
-      return value.asDate();
-    case ColumnType::text:
-    case ColumnType::memo:
-      break;
-  }
-  return value;
-}
-
 }  // namespace
 
 RecordsetQuery::RecordsetQuery(RecordsetSource source, std::vector<std::string> filters)
@@ -71,7 +40,6 @@ RecordsetQuery::RecordsetQuery(RecordsetSource source, std::vector<std::string> 
   };
   source_.text = statementText(*source_.file, source_.text);
   bindPlan();
-  takeParameters();
 }
 
 void RecordsetQuery::bindPlan() {
@@ -98,29 +66,6 @@ const plan::Plan& RecordsetQuery::plan() {
   return plan_;
 }
 
-void RecordsetQuery::takeParameters() {
-  std::vector<std::string> absent;
-  for (std::size_t i = 0; i < plan_.parameters.size(); ++i) {
-    const auto given = std::ranges::find_if(source_.parameters, [&](const auto& parameter) {
-      return base::equalsIgnoreCase(bareName(parameter.first), bareName(plan_.parameters[i]));
-    });
-    if (given == source_.parameters.end()) {
-      absent.push_back(plan_.parameters[i]);
-      continue;
-    }
-    const ColumnType type = i < plan_.parameterTypes.size() ? plan_.parameterTypes[i] : ColumnType::text;
-    values_.push_back(asParameter(given->second, type));
-  }
-  if (!absent.empty()) {
-    std::string names;
-    for (const std::string& name : absent) {
-      names += (names.empty() ? "" : ", ") + name;
-    }
-    throw Error(errors::tooFewParameters,
-                "Too few parameters. Expected " + std::to_string(absent.size()) + ": " + names + ".");
-  }
-}
-
 std::string RecordsetQuery::bind(const std::string& criterion) {
   const sql::ExprPtr condition = sql::parseCondition(criterion);
   return plan::bindCriterion(plan(), *condition, context_);
@@ -145,15 +90,8 @@ std::string RecordsetQuery::where(const std::string& criterion) {
 
 storage::StatementLease RecordsetQuery::statement(const std::string& text) {
   storage::StatementLease lease = connection().statement(text);
-  bindParameters(*lease);
+  bindParameters(*lease, plan(), source_.parameters);
   return lease;
-}
-
-void RecordsetQuery::bindParameters(storage::Statement& statement) const {
-  const int wanted = std::min(parameterCount(), sqlite3_bind_parameter_count(statement.handle()));
-  for (int i = 0; i < wanted; ++i) {
-    statement.bind(i + 1, values_[static_cast<std::size_t>(i)]);
-  }
 }
 
 storage::AttachedFile& RecordsetQuery::fileOf(int source) {

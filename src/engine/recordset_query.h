@@ -30,11 +30,8 @@ class RecordsetQuery {
   /// Throws 3070, 3075.
   std::string bind(const std::string& criterion);
   std::string bindOnCopy(const std::string& criterion);
-  /// A statement with the parameters bound that it has.
+  /// A statement with the parameters bound that it has. Throws 3061 naming those that were not given.
   storage::StatementLease statement(const std::string& text);
-  /// Binds what statement() binds.
-  void bindParameters(storage::Statement& statement) const;
-  int parameterCount() const { return static_cast<int>(values_.size()); }
   storage::AttachedFile& fileOf(int source);
   /// Changes whenever the plan was bound anew: what points into it has to be made anew, too.
   std::int64_t binding() const { return boundAt_; }
@@ -42,7 +39,6 @@ class RecordsetQuery {
  private:
   void bindPlan();
   std::int64_t definitions() const;
-  void takeParameters();
 
   RecordsetSource source_;
   std::vector<std::string> filters_;
@@ -50,7 +46,6 @@ class RecordsetQuery {
   plan::Context context_;
   plan::Plan plan_;
   std::int64_t boundAt_ = -1;  // sum of the files' versions
-  std::vector<Value> values_;
 };
 
 }  // namespace engine

@@ -141,6 +141,37 @@ TEST_F(RecordsetFind, DeletingHitsWhileFindingThemRemovesThemAll) {
   EXPECT_EQ(left.RecordCount(), 294);
 }
 
+TEST_F(RecordsetFind, GoingOnFindsWhatChangedInTheMeantimeByWhomeverItWas) {
+  add({"a", "b", "c", "d", "e", "f"});
+  Recordset rows = sorted();
+  rows.FindFirst("Ebene = 1");
+  database.Execute("UPDATE Woerterbuch SET Ebene = 2 WHERE Begriff IN ('b', 'c')");
+  rows.FindNext("Ebene = 1");
+  EXPECT_EQ(read(rows, "Begriff"), "d");
+  database.Execute("INSERT INTO WKategorie (Kategorie) VALUES ('another table')");
+  database.Execute("DELETE * FROM Woerterbuch WHERE Begriff = 'e'");
+  rows.FindNext("Ebene = 1");
+  EXPECT_EQ(read(rows, "Begriff"), "f");
+  rows.FindPrevious("Ebene = 2");
+  EXPECT_EQ(read(rows, "Begriff"), "c");
+  rows.Edit();
+  rows.set("Ebene", 1);
+  rows.Update();
+  rows.FindPrevious("Ebene = 2");
+  EXPECT_EQ(read(rows, "Begriff"), "b");
+  rows.FindLast("Ebene = 2");
+  EXPECT_EQ(read(rows, "Begriff"), "b");
+}
+
+TEST_F(RecordsetFind, ARowLimitHoldsForTheSetAndNotForTheHits) {
+  add({"a", "b", "c", "d"});
+  Recordset rows = database.OpenRecordset("SELECT TOP 2 * FROM Woerterbuch ORDER BY SortBegriff");
+  rows.FindFirst("Begriff = 'd'");
+  EXPECT_TRUE(rows.NoMatch());
+  rows.FindFirst("Begriff = 'b'");
+  EXPECT_EQ(rows.AbsolutePosition(), 1);
+}
+
 TEST_F(RecordsetFind, AFilterHoldsForTheSetsOpenedFromIt) {
   add({"a1", "a2", "b1", "b2"});
   Recordset rows = sorted();

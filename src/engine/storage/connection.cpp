@@ -106,6 +106,12 @@ Connection::Connection(file::Credential credential) : state_(std::make_unique<St
         return SQLITE_OK;
       },
       state_.get());
+  sqlite3_update_hook(
+      handle,
+      [](void* state, int, const char* schemaName, const char* table, sqlite3_int64) {
+        static_cast<State*>(state)->readers.noteChange(schemaName, table);
+      },
+      state_.get());
   const Internal internal(*this);
   state_->run("PRAGMA temp_store = MEMORY; PRAGMA foreign_keys = ON; PRAGMA trusted_schema = ON",
               "Starting the engine");

@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <functional>
 #include <list>
+#include <map>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace engine::storage {
@@ -54,9 +57,27 @@ class Readers {
   /// Raised by each dismiss(): what was read under another number may have changed.
   std::int64_t generation() const { return generation_; }
 
+  /// Told by SQLite of each row that a statement of this connection changes.
+  void noteChange(std::string_view schemaName, std::string_view table) {
+    if (lastSchema_ != schemaName || lastTable_ != table) {
+      lastSchema_ = schemaName;
+      lastTable_ = table;
+      lastCount_ = &changes_[lastSchema_ + "." + lastTable_];
+    }
+    ++*lastCount_;
+  }
+  /// How many rows of a table (in SQLite's spelling of its names) were changed so far.
+  std::int64_t changesOf(const std::string& schemaName, const std::string& table) const {
+    const auto found = changes_.find(schemaName + "." + table);
+    return found == changes_.end() ? 0 : found->second;
+  }
+
  private:
   std::list<Leave> leaves_;
   std::int64_t generation_ = 0;
+  std::map<std::string, std::int64_t> changes_;
+  std::string lastSchema_, lastTable_;
+  std::int64_t* lastCount_ = nullptr;
 };
 
 }  // namespace engine::storage
