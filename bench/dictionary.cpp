@@ -232,7 +232,8 @@ Opening openAndFind(const std::string& folder, const std::string& path, std::siz
     const double findStart = now();
     browse::searchBoxChanged(browser, headword);
     finds.push_back(now() - findStart);
-    if (browser.list.size() == 0 || browser.list.List2.front() != headword) stop("finding " + headword);
+    const auto& list = browser.list;
+    if (list.selected < 0 || list.List2[static_cast<std::size_t>(list.selected)] != headword) stop("finding " + headword);
   }
   result.find = *std::max_element(finds.begin(), finds.end());
   program.close();

@@ -94,6 +94,18 @@ std::string askForPath(frmPrint& form) {
   return session::askSaveFile(form.session, dialog).path;
 }
 
+/// How many entries the run passes at most. Counting the joined rows would walk them twice.
+std::int64_t mainEntries(frmPrint& form) {
+  std::int64_t count = 0;
+  auto& files = form.session.files;
+  const auto add = [&](engine::Database& database) {
+    count += database.OpenRecordset("select count(*) as n from woerterbuch where ebene = 1")["n"].asInteger();
+  };
+  add(files.CurrentDB);
+  for (int n = 0; n + 1 < files.OpenDBCount; ++n) add(files.ExtraDB[static_cast<std::size_t>(n)]);
+  return count;
+}
+
 bool letterMatches(const session::Filter& filter, const std::string& headword) {
   if (filter.FilterBuchstabe[0].empty()) return true;
   const std::string first = base::upper(base::left(headword, 1));
@@ -122,8 +134,9 @@ void walk(frmPrint& form, html::Pages& pages) {
                                  session::labelText(form.session, label::publishing_progress) + " ...");
   EntryReader entries(form.firstLevel);
   EntryReader below(form.subEntries);
+  std::int64_t done = 0;
   for (EntryRows rows = entries.next(); !rows.empty(); rows = entries.next()) {
-    progress.step(entries.rowsRead(), form.rowCount);
+    progress.step(++done, form.entryCount);
     if (!letterMatches(form.session.filter, rows.front().headword)) continue;
     html::breakPage(form, pages, rows.front());
     printEntry(form, pages, rows, false);
@@ -172,9 +185,7 @@ bool PrintSelectbyLetter(frmPrint& form) {
     session::showMessage(form.session, dialog::nothing_to_print, platform::box::exclamation);
     return false;
   }
-  form.firstLevel.MoveLast();
-  form.rowCount = form.firstLevel.RecordCount();
-  form.firstLevel.MoveFirst();
+  form.entryCount = mainEntries(form);
   return true;
 }
 

@@ -65,7 +65,7 @@ struct frmPrint : platform::Form {
   engine::Recordset subEntries;                   ///< PrintBegriffeFolgeEbenen
   engine::Recordset crossLinkList;                ///< main entries in their order; positions give pages
   std::map<std::string, RelatedEntries> related;  ///< by upper-cased path; "" when one file is open
-  std::int64_t rowCount = 0;
+  std::int64_t entryCount = 0;
   std::vector<std::string> writtenFiles;
 };
 

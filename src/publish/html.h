@@ -14,9 +14,10 @@ namespace publish::html {
 
 /// The pages of one publication while they are written.
 struct Pages {
-  std::string folder;    ///< of the output, real spelling
-  std::string baseName;  ///< without folder and ".HTM"
-  std::string text;      ///< of the page in hand, UTF-8
+  std::string folder;            ///< of the output, real spelling
+  std::string baseName;          ///< without folder and ".HTM"
+  std::string styleSheet, logo;  ///< addresses
+  std::string text;              ///< of the page in hand, UTF-8
   std::int64_t pageNumber = 1;
   std::int64_t entriesOnPage = 0;
   std::string currentLetter;  ///< empty before the first entry

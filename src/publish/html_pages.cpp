@@ -44,10 +44,13 @@ std::string heading(const frmPrint& form) {
   return product + " " + s.UebersetzungVon + " -> " + s.UebersetzungNach + ", " + today;
 }
 
-void styleSheetLink(const frmPrint& form, Pages& pages) {
-  const std::string href = GetWebPath(form.settings, styleSheetFor(form.session, pages.folder).target,
-                                      WebPathKind::styleSheet, form.session.files.CurrentDBPath);
-  line(pages, "<link rel=\"stylesheet\" type=\"Text/CSS\" HREF=\"" + href + "\">");
+std::string styleSheetAddress(const frmPrint& form, const Pages& pages) {
+  return GetWebPath(form.settings, styleSheetFor(form.session, pages.folder).target, WebPathKind::styleSheet,
+                    form.session.files.CurrentDBPath);
+}
+
+void styleSheetLink(Pages& pages) {
+  line(pages, "<link rel=\"stylesheet\" type=\"Text/CSS\" HREF=\"" + pages.styleSheet + "\">");
 }
 
 void PrintHTMLMetaTagsAndTitle(const frmPrint& form, Pages& pages) {
@@ -58,8 +61,7 @@ void PrintHTMLMetaTagsAndTitle(const frmPrint& form, Pages& pages) {
 
 void PrintHTMLHeader(const frmPrint& form, Pages& pages) {
   line(pages, "<header>");
-  line(pages, "<a HREF=\"" + form.settings.AutorWebURL + "\"><img src=\"" +
-                  image(form, pages, "VC_logo.jpg") + "\" alt=\"" +
+  line(pages, "<a HREF=\"" + form.settings.AutorWebURL + "\"><img src=\"" + pages.logo + "\" alt=\"" +
                   session::labelText(form.session, label::program_name) + "\"></a>");
   line(pages, "<H1>" + heading(form) + "</H1>");
   line(pages, "<HR>");
@@ -87,7 +89,7 @@ void openPage(const frmPrint& form, Pages& pages) {
   pages.text.clear();
   pages.entriesOnPage = 0;
   openFrame(form, pages);
-  styleSheetLink(form, pages);
+  styleSheetLink(pages);
   line(pages, "</HEAD>");
   line(pages, "<BODY>");
   PrintHTMLHeader(form, pages);
@@ -131,7 +133,7 @@ void writeIndexPage(frmPrint& form, Pages& pages) {
   line(pages, "<BODY>");
   PrintHTMLHeader(form, pages);
   line(pages, "<BR>");
-  styleSheetLink(form, pages);
+  styleSheetLink(pages);
   // The list's head and the way to page 1 belong to the form by letters alone; both forms end it.
   if (form.options.pagePerLetter) {
     line(pages, "<nav>");
@@ -163,10 +165,13 @@ Pages begin(frmPrint& form, const std::string& path) {
   if (pages.folder.empty()) pages.folder = std::filesystem::current_path().string();
   std::error_code refused;
   std::filesystem::create_directories(pages.folder, refused);
-  if (refused) throw base::Error(3044, "The folder " + pages.folder + " can not be made: " + refused.message());
+  if (refused)
+    throw base::Error(3044, "The folder " + pages.folder + " can not be made: " + refused.message());
   pages.baseName = base::fileName(path);
   if (base::upper(base::right(pages.baseName, 4)) == ".HTM")
     pages.baseName = base::left(pages.baseName, base::length(pages.baseName) - 4);
+  pages.styleSheet = styleSheetAddress(form, pages);
+  pages.logo = image(form, pages, "VC_logo.jpg");
   openPage(form, pages);
   return pages;
 }

@@ -92,7 +92,6 @@ void EntryReader::readEqualKeys() {
   const std::string key = rows_.value(fields_.sortKey).textOrEmpty();
   do {
     append(pending_, read());
-    ++rowsRead_;
     rows_.MoveNext();
   } while (!rows_.EndOfFile() && base::equalsIgnoreCase(rows_.value(fields_.sortKey).textOrEmpty(), key));
 }

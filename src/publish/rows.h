@@ -34,7 +34,6 @@ class EntryReader {
   EntryRows next();
   /// All entries below a main entry of one file, in the set's order.
   std::vector<EntryRows> entriesBelow(std::int64_t mainId, const std::string& databaseName);
-  std::int64_t rowsRead() const { return rowsRead_; }
 
  private:
   struct Fields {
@@ -50,7 +49,6 @@ class EntryReader {
   engine::Recordset& rows_;
   Fields fields_;
   std::deque<EntryRows> pending_;
-  std::int64_t rowsRead_ = 0;
 };
 
 }  // namespace publish

@@ -8,7 +8,8 @@ namespace engine::storage {
 
 namespace {
 
-constexpr int checkpointPages = 1000;
+// The log is copied back when it holds so many pages (32 MiB): each time costs syncs and random writes.
+constexpr int checkpointPages = 8192;
 
 bool isWriting(sqlite3* connection, const AttachedFile& file) {
   return sqlite3_txn_state(connection, file.schemaName().c_str()) == SQLITE_TXN_WRITE;
