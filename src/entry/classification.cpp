@@ -125,7 +125,22 @@ bool placeOn(engine::Recordset& rows, const char* column, const std::string& nam
   return !rows.NoMatch();
 }
 
-// The four kinds of automatic assignment to a meaning differ in names alone.
+// The table is opened for the first item that asks for it: it may be long.
+void completeEntry(frmEintrag& form, engine::Recordset& catalogue, const char* catalogueId, const char* table,
+                   const char* column, std::int64_t entry) {
+  engine::Recordset links;
+  forEachRow(catalogue, [&](engine::Recordset& item) {
+    if (!truth(item["AutozuordnungZubegriff"])) return;
+    if (!links.isOpen())
+      links = form.session.files.CurrentDB.OpenRecordset(table, engine::RecordsetKind::table);
+    links.AddNew();
+    links.set("ID_Woerterbuch", entry);
+    links.set(column, item[catalogueId]);
+    links.Update();
+  });
+}
+
+// The same for a meaning, where it lacks the item.
 void completeMeaning(engine::Recordset& catalogue, const char* catalogueId, engine::Recordset assigned,
                      const std::string& table, const std::string& column, std::int64_t meaning) {
   forEachRow(catalogue, [&](engine::Recordset& item) {
@@ -269,24 +284,9 @@ bool removeSubject(frmEintrag& form, const std::string& name, Owner owner) {
 }
 
 void EigenschaftenSachgebieteAutomatischAnBegriff(frmEintrag& form, std::int64_t lWortID) {
-  session::Session& s = form.session;
-  if (s.entry.EntryEditMode >= 3 || !hasRows(form.Data3) || !hasRows(form.Data7)) return;
-  auto properties = s.files.CurrentDB.OpenRecordset("relWoertWKat", engine::RecordsetKind::table);
-  forEachRow(form.Data3, [&](engine::Recordset& item) {
-    if (!truth(item["AutozuordnungZubegriff"])) return;
-    properties.AddNew();
-    properties.set("ID_Woerterbuch", lWortID);
-    properties.set("ID_WKategorie", item["ID_WKategorie"]);
-    properties.Update();
-  });
-  auto subjects = s.files.CurrentDB.OpenRecordset("relWoertSachgebiet", engine::RecordsetKind::table);
-  forEachRow(form.Data7, [&](engine::Recordset& item) {
-    if (!truth(item["AutozuordnungZubegriff"])) return;
-    subjects.AddNew();
-    subjects.set("ID_Woerterbuch", lWortID);
-    subjects.set("ID_WSachgebiet", item["ID_Sachgebiet"]);
-    subjects.Update();
-  });
+  if (form.session.entry.EntryEditMode >= 3 || !hasRows(form.Data3) || !hasRows(form.Data7)) return;
+  completeEntry(form, form.Data3, "ID_WKategorie", "relWoertWKat", "ID_WKategorie", lWortID);
+  completeEntry(form, form.Data7, "ID_Sachgebiet", "relWoertSachgebiet", "ID_WSachgebiet", lWortID);
 }
 
 void EigenschaftenSachgebieteAutomatischZuWortbedeutung(frmEintrag& form, std::int64_t lWortbedeutungID) {

@@ -121,7 +121,8 @@ void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId
   form.record.DatabaseName = s.files.CurrentDBPath;
 
   // The row bears its level from the start: what a crash leaves at level 0 goes at the next opening.
-  auto rows = s.files.CurrentDB.OpenRecordset("Woerterbuch", engine::RecordsetKind::table);
+  auto rows =
+      s.files.CurrentDB.OpenRecordset("BegriffParam", engine::RecordsetKind::dynaset, {{"lWortID", 0}});
   rows.AddNew();
   rows.set("DATETIMESTAMP", now);
   rows.set("EBENE", form.record.Ebene);
