@@ -137,6 +137,18 @@ double bareInserts(const std::string& path, const std::vector<Word>& words) {
   return now() - start;
 }
 
+/// Everything that a publication reads of an entry, in its order.
+constexpr const char* joinedRows =
+    "SELECT w.id, w.begriff, w.metasuche, b.id, b.wortbedeutung, e.beispiel, e.uebersetzung, k.kategorie, "
+    "wk.wert,"
+    " s.sachgebiet, bk.kategorie, bwk.wert, bs.sachgebiet FROM woerterbuch w"
+    " LEFT JOIN relwoertsachgebiet ws ON ws.owner = w.id LEFT JOIN wsachgebiet s ON s.id = ws.item"
+    " LEFT JOIN relwoertwkat wk ON wk.owner = w.id LEFT JOIN wkategorie k ON k.id = wk.item"
+    " LEFT JOIN wortbedeutung b ON b.entry = w.id LEFT JOIN wortbedbsp e ON e.sense = b.id"
+    " LEFT JOIN relwortbedwkat bwk ON bwk.owner = b.id LEFT JOIN wkategorie bk ON bk.id = bwk.item"
+    " LEFT JOIN relwortbedsachgebiet bws ON bws.owner = b.id LEFT JOIN wsachgebiet bs ON bs.id = bws.item"
+    " WHERE w.ebene = 1 ORDER BY w.sortbegriff, b.wortbedeutung, b.id";
+
 /// Walks entries and senses in their order and writes the bytes that the publication holds.
 double joinedWalk(const std::string& plain, const std::vector<std::string>& pages,
                   const std::string& target) {
@@ -146,10 +158,7 @@ double joinedWalk(const std::string& plain, const std::vector<std::string>& page
     bytes.append(std::istreambuf_iterator<char>(file), {});
   }
   PlainFile file(plain, false);
-  PlainStatement walk(
-      file.connection(),
-      "SELECT w.id, w.begriff, w.metasuche, b.id, b.wortbedeutung FROM woerterbuch w LEFT JOIN"
-      " wortbedeutung b ON b.entry = w.id ORDER BY w.sortbegriff, b.wortbedeutung, b.id");
+  PlainStatement walk(file.connection(), joinedRows);
   const double start = now();
   std::ofstream out(target, std::ios::binary);
   std::size_t rows = 0, read = 0, written = 0;
@@ -157,7 +166,7 @@ double joinedWalk(const std::string& plain, const std::vector<std::string>& page
   count.step();
   const auto total = static_cast<std::size_t>(count.integer(0));
   while (walk.step()) {
-    read += walk.text(1).size() + walk.text(2).size() + walk.text(4).size();
+    for (int column = 1; column < 13; ++column) read += walk.text(column).size();
     const std::size_t until = bytes.size() * std::min(++rows, total) / std::max<std::size_t>(total, 1);
     out.write(bytes.data() + written, static_cast<std::streamsize>(until - written));
     written = until;
@@ -233,7 +242,8 @@ Opening openAndFind(const std::string& folder, const std::string& path, std::siz
     browse::searchBoxChanged(browser, headword);
     finds.push_back(now() - findStart);
     const auto& list = browser.list;
-    if (list.selected < 0 || list.List2[static_cast<std::size_t>(list.selected)] != headword) stop("finding " + headword);
+    if (list.selected < 0 || list.List2[static_cast<std::size_t>(list.selected)] != headword)
+      stop("finding " + headword);
   }
   result.find = *std::max_element(finds.begin(), finds.end());
   program.close();

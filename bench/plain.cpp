@@ -70,6 +70,14 @@ PlainFile::PlainFile(const std::string& path, bool create) {
       " wortbedeutung TEXT COLLATE NOCASE, databasename TEXT COLLATE NOCASE)");
   run("CREATE INDEX b1 ON wortbedeutung (entry)");
   run("CREATE INDEX b2 ON wortbedeutung (wortbedeutung)");
+  run("CREATE TABLE wortbedbsp (id INTEGER PRIMARY KEY, sense INTEGER, beispiel TEXT, uebersetzung TEXT)");
+  run("CREATE INDEX s1 ON wortbedbsp (sense)");
+  run("CREATE TABLE wkategorie (id INTEGER PRIMARY KEY, kategorie TEXT, abkuerzung TEXT)");
+  run("CREATE TABLE wsachgebiet (id INTEGER PRIMARY KEY, sachgebiet TEXT, abkuerzung TEXT)");
+  for (const char* link : {"relwoertwkat", "relwoertsachgebiet", "relwortbedwkat", "relwortbedsachgebiet"}) {
+    run(std::string("CREATE TABLE ") + link + " (owner INTEGER, item INTEGER, wert TEXT)");
+    run(std::string("CREATE INDEX i_") + link + " ON " + link + " (owner)");
+  }
 }
 
 void PlainFile::run(const std::string& statement) {
