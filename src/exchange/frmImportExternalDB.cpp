@@ -130,10 +130,13 @@ class Import {
   void write(const TextSource::Row& row, const std::string& headword, const std::string& second) {
     const std::string term = base::trim(headword);
     const entry::SplitHeadword split = entry::splitHeadword(headword, session_.project.IgnoreAtSort);
+    const std::string rest = base::trim(split.rest);
+    // A headword of ignorable characters alone keeps them in its key, which can not be empty.
+    const bool prefixed = !split.prefix.empty() && !rest.empty();
     view_.AddNew();
     view_.set(fields_.headword, term);
-    if (!split.prefix.empty()) view_.set(fields_.prefix, split.prefix);
-    view_.set(fields_.sortKey, split.prefix.empty() ? term : base::trim(split.rest));
+    if (prefixed) view_.set(fields_.prefix, split.prefix);
+    view_.set(fields_.sortKey, prefixed ? rest : term);
     view_.set(fields_.database, session_.files.CurrentDBPath);
     if (type_ == 1)
       writeMeaning(term, base::trim(second));
@@ -194,7 +197,11 @@ void readAllRows(frmImportExternalDB& form) {
   TextSource::Row row;
   for (std::int64_t done = 1; form.source.next(row); ++done) {
     progress.step(done, form.source.rowCount());
-    if (!import.take(row)) return;
+    try {
+      if (!import.take(row)) return;
+    } catch (const base::Error& error) {
+      throw base::Error(error.number(), "Row " + std::to_string(done) + " of the source: " + error.text());
+    }
   }
 }
 
