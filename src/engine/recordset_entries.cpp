@@ -1,5 +1,7 @@
 #include "engine/recordset_entries.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 
 namespace engine {
@@ -30,8 +32,9 @@ RecordsetEntries::RecordsetEntries(RecordsetQuery& query, bool keyed)
       inKeyOrder_(keyed && isInKeyOrder(query.plan(), query)),
       generation_(query.connection().readers().generation()),
       keys_(query.plan().sources.size()),
-      scratchKey_(query.plan().sources.size()) {
-  openCursor();
+      scratchKey_(query.plan().sources.size()),
+      usedFields_(query.plan().columns.size(), false) {
+  openCursor(std::vector<bool>(usedFields_.size(), true));
   advance();
 }
 
@@ -45,11 +48,13 @@ void RecordsetEntries::readKey(const storage::Statement& statement, std::span<st
   }
 }
 
-void RecordsetEntries::openCursor() {
+/// A cursor before the first entry that reads these fields.
+void RecordsetEntries::openCursor(const std::vector<bool>& fields) {
   const plan::Plan& plan = query_.plan();
   cursor_.reset();
-  cursor_.emplace(query_.statement(keyed_ ? plan::emitKeysAndRows(plan, query_.where())
+  cursor_.emplace(query_.statement(keyed_ ? plan::emitKeysAndSome(plan, fields, query_.where())
                                           : plan::emitRows(plan, query_.where())));
+  cursorFields_ = fields;
   cursorSlot_ = -1;
   cursorDone_ = false;
   enter();
@@ -61,9 +66,6 @@ bool RecordsetEntries::advance() {
   if (!(*cursor_)->step()) {
     cursorDone_ = true;
     complete_ = true;
-    if (keyed_ && known() > smallSet) {
-      cursor_.reset();
-    }
     return false;
   }
   ++cursorSlot_;
@@ -176,25 +178,55 @@ std::int64_t RecordsetEntries::locate(std::span<const std::int64_t> key) {
   return slot != KeyList::none ? slot : keys_.findRemoved(key);
 }
 
+/// Starts the cursor again for one of the first rows, unless it would sort all of them for that.
+bool RecordsetEntries::restart(std::int64_t slot) {
+  if (!cursor_ || !complete_ || slot >= smallSet || (!cursorDone_ && cursorSlot_ <= slot)) {
+    return false;
+  }
+  if (known() > smallSet && sqlite3_stmt_status((*cursor_)->handle(), SQLITE_STMTSTATUS_SORT, 0) > 0) {
+    return false;
+  }
+  (*cursor_)->reset();
+  cursorSlot_ = -1;
+  cursorDone_ = false;
+  enter();
+  return true;
+}
+
 /// Whether the cursor can be brought to a slot at a price below that of reading it by key.
 bool RecordsetEntries::cursorReaches(std::int64_t slot) {
-  const bool again = cursor_ && (cursorDone_ || cursorSlot_ > slot) && complete_ && known() <= smallSet;
   const bool next = cursor_ && !cursorDone_ && keys_.skipForward(cursorSlot_ + 1) == slot;
-  if (again) {
-    (*cursor_)->reset();
-    cursorSlot_ = -1;
-    cursorDone_ = false;
-    enter();
-  } else if (!next) {
+  if (!next && !restart(slot)) {
     if (!worthWalking(slot)) {
       return false;
     }
-    openCursor();
+    openCursor(usedFields_);
   }
   while (cursor_ && !cursorDone_ && cursorSlot_ < slot) {
     advance();
   }
   return cursor_ && !cursorDone_ && cursorSlot_ == slot;
+}
+
+/// Lets a cursor that has gone some way read on with those fields alone that were asked for on the way:
+/// mostly a few of many.
+void RecordsetEntries::narrow() {
+  if (std::ranges::count(usedFields_, true) * 2 > std::ranges::count(cursorFields_, true)) {
+    return;
+  }
+  storage::StatementLease narrowed =
+      query_.statement(plan::emitKeysAndSome(query_.plan(), usedFields_, query_.where()));
+  for (std::int64_t slot = keys_.skipForward(0); slot <= cursorSlot_; slot = keys_.skipForward(slot + 1)) {
+    if (!narrowed->step()) {
+      return;
+    }
+    readKey(*narrowed, scratchKey_);
+    if (!keys_.equals(slot, scratchKey_)) {
+      return;
+    }
+  }
+  cursor_.emplace(std::move(narrowed));
+  cursorFields_ = usedFields_;
 }
 
 bool RecordsetEntries::worthWalking(std::int64_t slot) {
@@ -210,15 +242,35 @@ bool RecordsetEntries::worthWalking(std::int64_t slot) {
   return true;
 }
 
-RecordsetEntries::Row RecordsetEntries::row(std::int64_t slot) {
-  if (cursor_ && !cursorDone_ && cursorSlot_ == slot) {
-    return {&**cursor_, keyed_ ? static_cast<int>(keys_.sources()) : 0};
-  }
+RecordsetEntries::Row RecordsetEntries::row(std::int64_t slot, std::size_t field) {
   if (!keyed_) {
+    if (cursor_ && !cursorDone_ && cursorSlot_ == slot) {
+      return {&**cursor_, 0};
+    }
     return {&spool().row(slot), 0};
   }
-  if (cursorReaches(slot)) {
+  if (field != noField) {
+    usedFields_[field] = true;
+  }
+  const bool there = (cursor_ && !cursorDone_ && cursorSlot_ == slot) || cursorReaches(slot);
+  if (there && slot == patience) {
+    narrow();
+  }
+  if (there && (field == noField || cursorFields_[field])) {
     return {&**cursor_, static_cast<int>(keys_.sources())};
+  }
+  if (there) {
+    // A walk that asks for a further field behind the place where the cursor was narrowed.
+    complete();
+    if (worthWalking(slot)) {
+      openCursor(usedFields_);
+      while (cursor_ && !cursorDone_ && cursorSlot_ < slot) {
+        advance();
+      }
+      if (cursor_ && cursorSlot_ == slot) {
+        return {&**cursor_, static_cast<int>(keys_.sources())};
+      }
+    }
   }
   if (keys_.isHole(slot)) {
     throw Error(errors::recordDeleted, "Record is deleted.");
@@ -259,7 +311,7 @@ RecordsetEntries::Row RecordsetEntries::rowByKey(std::span<const std::int64_t> k
 RecordsetSpool& RecordsetEntries::spool() {
   if (!spool_) {
     auto spool = std::make_unique<RecordsetSpool>(query_.plan());
-    openCursor();
+    openCursor(usedFields_);
     while ((*cursor_)->step()) {
       spool->append(**cursor_);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <span>
@@ -47,8 +48,10 @@ class RecordsetEntries {
     const storage::Statement* statement;
     int firstColumn;
   };
-  Row row(std::int64_t slot);  ///< throws 3167 when it is gone
+  /// Throws 3167 when the row is gone. The statement holds the given field at least; `noField` asks for none.
+  Row row(std::int64_t slot, std::size_t field);
   Row rowByKey(std::span<const std::int64_t> key);
+  static constexpr std::size_t noField = std::numeric_limits<std::size_t>::max();
   /// The spool of a set without keys, filled.
   RecordsetSpool& spool();
 
@@ -63,9 +66,11 @@ class RecordsetEntries {
   static void readKey(const storage::Statement& statement, std::span<std::int64_t> key);
 
  private:
-  void openCursor();
+  void openCursor(const std::vector<bool>& fields);
   bool advance();
+  bool restart(std::int64_t slot);
   bool cursorReaches(std::int64_t slot);
+  void narrow();
   bool worthWalking(std::int64_t slot);
   KeyList readKeys();
   void enter();
@@ -85,6 +90,8 @@ class RecordsetEntries {
   std::optional<storage::StatementLease> cursor_;
   std::int64_t cursorSlot_ = -1;
   bool cursorDone_ = false;
+  std::vector<bool> cursorFields_;  // the fields that the cursor reads
+  std::vector<bool> usedFields_;    // those that somebody asked for
   std::optional<storage::StatementLease> byKey_;
   std::vector<std::int64_t> byKeyKey_;  // of the row that byKey_ stands on; empty when on none
   std::int64_t lastRead_ = -1;          // slot

@@ -77,7 +77,7 @@ class Recordset::Impl {
 
   void open();
   void describeFields();
-  RecordsetEntries::Row currentRow();
+  RecordsetEntries::Row currentRow(std::size_t field = RecordsetEntries::noField);
   void requireRow() const;
   std::int64_t currentSlot();
   Key currentKey();

@@ -89,7 +89,7 @@ Value Recordset::Impl::value(std::size_t field) {
       return *pending;
     }
   }
-  const RecordsetEntries::Row row = currentRow();
+  const RecordsetEntries::Row row = currentRow(field);
   return row.statement->value(row.firstColumn + static_cast<int>(field), fields_[field].type);
 }
 
@@ -102,9 +102,9 @@ void Recordset::Impl::requireRow() const {
   }
 }
 
-RecordsetEntries::Row Recordset::Impl::currentRow() {
+RecordsetEntries::Row Recordset::Impl::currentRow(std::size_t field) {
   requireRow();
-  return slot_ >= 0 ? entries_->row(slot_) : entries_->rowByKey(key_);
+  return slot_ >= 0 ? entries_->row(slot_, field) : entries_->rowByKey(key_);
 }
 
 /// The slot of the current row; of a deleted one, where it was. Behind the last where it left no trace.

@@ -10,6 +10,8 @@ namespace engine {
 
 namespace {
 
+constexpr int tableChanged = 3211;
+
 /// The statement that a caller's text stands for: a stored query's own text, a select on a table, or itself.
 std::string statementText(const storage::AttachedFile& file, const std::string& text) {
   const std::string name = base::trim(text);
@@ -61,7 +63,13 @@ std::int64_t RecordsetQuery::definitions() const {
 
 const plan::Plan& RecordsetQuery::plan() {
   if (definitions() != boundAt_) {
+    const std::vector<plan::Output> before = std::move(plan_.columns);
     bindPlan();
+    const auto sameName = [](const plan::Output& a, const plan::Output& b) { return a.name == b.name; };
+    if (!std::ranges::equal(before, plan_.columns, sameName)) {
+      boundAt_ = -1;
+      throw Error(tableChanged, "A table was changed while a recordset on it was open. Open it again.");
+    }
   }
   return plan_;
 }

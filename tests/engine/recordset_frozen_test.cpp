@@ -203,4 +203,9 @@ TEST_F(RecordsetFrozen, DefinitionsMayChangeWhileSetsAreOpen) {
   database.Execute("DROP TABLE Neu");
   EXPECT_EQ(rows.AbsolutePosition(), 40);
   EXPECT_EQ(read(rows, "Begriff"), "changed");
+  database.Execute("ALTER TABLE Woerterbuch ADD COLUMN Zusatz TEXT(20)");
+  EXPECT_EQ(read(rows, "Begriff"), "(3211)") << "the fields of the set are not the table's any more";
+  EXPECT_EQ(column(rows, "Begriff").size(), 90U);
+  Recordset again = sorted();
+  EXPECT_EQ(read(again, "Zusatz"), "(null)");
 }

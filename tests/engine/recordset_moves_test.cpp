@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "words.h"
 
 using engine::Recordset;
@@ -94,6 +96,28 @@ TEST_F(RecordsetMoves, EveryPositionLeadsToItsRowFromWhereverTheSetStands) {
       ASSERT_EQ(read(rows, "Begriff"), headwords[i]);
     }
     EXPECT_TRUE(rows.BeginOfFile());
+  }
+}
+
+TEST_F(RecordsetMoves, ALongWalkMayAskForFurtherFieldsAtAnyRow) {
+  Texts headwords;
+  for (int i = 0; i < 1500; ++i) headwords.push_back("Wort" + std::to_string(1000 + (i * 7919) % 1500));
+  add(headwords);
+  std::ranges::sort(headwords);
+  for (const bool counted : {false, true}) {
+    Recordset rows = sorted();
+    if (counted) rows.MoveLast();
+    rows.MoveFirst();
+    for (int i = 0; i < 1500; ++i, rows.MoveNext()) {
+      ASSERT_EQ(read(rows, "Begriff"), headwords[static_cast<std::size_t>(i)]);
+      const std::string& expected = headwords[static_cast<std::size_t>(i)];
+      ASSERT_EQ(i > 300 ? read(rows, "SortBegriff") : expected, expected);
+      ASSERT_EQ(i % 500 == 499 ? read(rows, "Ebene") : "1", "1");
+      if (i == 1200) database.Execute("UPDATE Woerterbuch SET Bemerkung = 'x'");
+      ASSERT_EQ(i > 1200 ? read(rows, "Bemerkung") : "x", "x");
+    }
+    EXPECT_TRUE(rows.EndOfFile());
+    EXPECT_EQ(rows.RecordCount(), 1500);
   }
 }
 

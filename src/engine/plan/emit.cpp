@@ -221,6 +221,14 @@ std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere) {
   return forward(plan, rowids(plan) + ", " + plan.selectList, extraWhere);
 }
 
+std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted, const std::string& extraWhere) {
+  requireKeys(plan);
+  std::string list = rowids(plan);
+  for (std::size_t i = 0; i < plan.scope->columns.size(); ++i)
+    list += ", " + (wanted[i] ? value(plan.scope->columns[i].value) : std::string("NULL"));
+  return forward(plan, list, extraWhere);
+}
+
 std::string emitRowByKey(const Plan& plan) {
   requireKeys(plan);
   return plan.rowByKey;

@@ -95,6 +95,8 @@ std::string emitRows(const Plan& plan, const std::string& extraWhere = {});
 std::string emitKeys(const Plan& plan, const std::string& extraWhere = {}, bool backwards = false);
 /// The sources' rowids followed by the result's columns, in order (keyed plans).
 std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere = {});
+/// The same with Null instead of the columns that are not wanted, which SQLite then need not read.
+std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted, const std::string& extraWhere = {});
 /// The result's columns of one row, told by rowids bound to ?<n+1>.. behind the n parameters (a rowid may
 /// be bound to Null). Where the key is still there the row is given whether or not it meets the condition
 /// by now; there is no row once one of the rows that it was joined of is gone.
