@@ -32,10 +32,29 @@ void useTargetDictionary(session::Session& session) {
   files.CurrentDB = files.Workspace->OpenDatabase(files.dictionaryList.back(), false, files.ReadOnlyMode);
 }
 
-void selectById(frmWoerter& form, std::int64_t id) {
+bool selectById(frmWoerter& form, std::int64_t id) {
   const auto& ids = form.list.List1;
   const auto found = std::find(ids.begin(), ids.end(), id);
-  if (found != ids.end()) selectRow(form, static_cast<int>(found - ids.begin()));
+  if (found == ids.end()) return false;
+  selectRow(form, static_cast<int>(found - ids.begin()));
+  return true;
+}
+
+/// Fills the page on show again and selects an entry that may have moved: on that page, else on its own.
+void showAgain(frmWoerter& form, std::int64_t id, std::int64_t mainId) {
+  if (form.PageNumber > 1 && form.list.size() > 0) {
+    form.TargetPosition = 1;
+    form.TargetMainId = form.list.List1.front();
+  }
+  BuildWordTreeNew(form);
+  if (selectById(form, id)) return;
+  form.rsWoerter.FindFirst("woerterbuch.ID_Woerterbuch = " + std::to_string(id));
+  if (form.rsWoerter.NoMatch()) return;
+  if (!selectById(form, mainId)) {
+    form.session.entry.CurrentEntryId = id;
+    SkipToEntry(form);
+  }
+  selectById(form, id);
 }
 
 /// Places the row just saved: a main entry at the end of the list, a sub-entry below the selected row.
@@ -97,8 +116,7 @@ void clearMarkOfRowAbove(frmWoerter& form) {
 void AddEntry(frmWoerter& form) {
   auto& session = form.session;
   auto& entry = session.entry;
-  if (session.filter.FilterIsActive && session.filter.FilterIsActive())
-    session::showMessage(session, dialog::filter_released, platform::box::information);
+  ReleaseFilter(form);
   useTargetDictionary(session);
   if (entry.SelectedEntryId == entry.SelectedMainEntryId || entry.EntryEditMode == 1) entry.NewEntryLevel = 1;
   session::ShowStatus(session, session::labelText(session, label::reading_entry), true);
@@ -114,12 +132,12 @@ void EditEntry(frmWoerter& form) {
   auto& session = form.session;
   const auto at = static_cast<std::size_t>(form.list.selected);
   session.entry.EntryEditMode = form.list.List2[at].rfind("---", 0) == 0 ? 4 : 3;
+  const std::int64_t mainId = form.list.List3[at];
   session.desk.boxes.showModal(form.editor);
   if (session.entry.CurrentBegriff.empty()) return;
   const std::int64_t edited = session.entry.CurrentEntryId;
   LoadAllWords(form);
-  if (form.rsWoerter.RecordCount() > 0) BuildWordTreeNew(form);
-  selectById(form, edited);
+  if (form.rsWoerter.RecordCount() > 0) showAgain(form, edited, mainId);
   form.selectionEnabled = true;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,7 +55,8 @@ struct frmWoerter {
   std::int64_t RowCounter = 1;
   std::array<std::string, 6> LetterSelection;  ///< the first is empty when no letter is chosen
 
-  std::string Text3;  ///< the search box
+  std::string Text3;                    ///< the search box
+  std::function<void()> releaseFilter;  ///< resets the filter dialog; empty: there is none
   std::string countLabel, caption, pageToolTip;
   bool backEnabled = false, forwardEnabled = false, selectionEnabled = false;
   bool closed = false;
@@ -74,6 +76,8 @@ void pageBack(frmWoerter& form);
 /// Selects the row at `index` of the list and opens it when it has closed sub-entries.
 void selectRow(frmWoerter& form, int index);
 void SelectEntry(frmWoerter& form);
+/// Tells that an active filter is released, and releases it.
+void ReleaseFilter(frmWoerter& form);
 /// The search box was typed into.
 void searchBoxChanged(frmWoerter& form, const std::string& text);
 /// Finds the row whose headword equals the search box's text; true when there is one: the jump is then

@@ -124,12 +124,17 @@ bool CheckIfEntryExists(frmWoerter& form) {
   return true;
 }
 
+void ReleaseFilter(frmWoerter& form) {
+  auto& session = form.session;
+  if (!session.filter.FilterIsActive || !session.filter.FilterIsActive()) return;
+  session::showMessage(session, dialog::filter_released, platform::box::information);
+  if (form.releaseFilter) form.releaseFilter();
+}
+
 void searchBoxChanged(frmWoerter& form, const std::string& text) {
   form.Text3 = text;
-  auto& session = form.session;
   if (!text.empty()) {
-    if (session.filter.FilterIsActive && session.filter.FilterIsActive())
-      session::showMessage(session, dialog::filter_released, platform::box::information);
+    ReleaseFilter(form);
     if (!form.LetterSelection[0].empty()) showAllLetters(form);
   } else if (form.rsWoerter.RecordCount() > 0) {
     form.rsWoerter.MoveFirst();

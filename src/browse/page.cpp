@@ -85,6 +85,12 @@ void fillPage(frmWoerter& form) {
   showPageBounds(form);
 }
 
+/// The dialog's combo can be left empty; 0 would load the whole dictionary.
+int pageSizeOf(const ListSettings& settings) {
+  const std::int64_t size = settings.pageSize.empty() ? 0 : Value(settings.pageSize).asInteger();
+  return size < 1 ? 50 : static_cast<int>(size);
+}
+
 /// Goes to the row that the start-position setting names; to the first one where it names none.
 void moveToListStart(frmWoerter& form) {
   auto& rows = form.rsWoerter;
@@ -92,7 +98,7 @@ void moveToListStart(frmWoerter& form) {
   if (start != "---" && !start.empty()) {
     const std::int64_t number = Value(start).asInteger();
     rows.MoveLast();
-    const bool inside = number < rows.RecordCount();
+    const bool inside = number > 0 && number < rows.RecordCount();
     rows.MoveFirst();
     if (inside) rows.Move(number - 1);
     return;
@@ -189,7 +195,7 @@ void pageForward(frmWoerter& form) {
   recordPageStart(form, form.PageNumber, integerOr0(rows["woerterbuch.id_woerterbuch"]));
   ++form.PageNumber;
   fillPage(form);
-  form.backEnabled = true;
+  form.backEnabled = form.PageNumber > 1;
 }
 
 void pageBack(frmWoerter& form) {
@@ -210,7 +216,7 @@ void pageBack(frmWoerter& form) {
 }
 
 void FormInit(frmWoerter& form) {
-  form.PageSize = static_cast<int>(Value(form.settings.pageSize).asInteger());
+  form.PageSize = pageSizeOf(form.settings);
   form.caption = windowCaption(form);
   form.list.clear();
   form.PageStartId.clear();
