@@ -6,68 +6,14 @@
 #include "base/text.h"
 #include "browse/frmWoerter.h"
 #include "cli/application.h"
+#include "cli/editing.h"
 #include "entry/classification.h"
 #include "entry/frmEintrag.h"
 #include "entry/meanings.h"
-#include "shell/frame/firstent.h"
-#include "shell/session/errors.h"
-#include "store/close.h"
 
 namespace cli {
 
 namespace {
-
-constexpr int saveAndClose = 2, saveSubEntryAndClose = 0, saveSubEntry = 1;
-enum Action { newSubEntry = 0, deleteEntry = 1, editEntry = 3, newMainEntry = 4 };
-
-[[noreturn]] void failed(const std::string& text) {
-  throw base::Error(5, text);
-}
-/// The editor has reported what went wrong.
-void required(bool done) {
-  if (!done) throw base::Error(platform::cancelled, "The entry was not changed.");
-}
-
-browse::frmWoerter& browser(Application& app) {
-  return *app.frame.browsers.front().form;
-}
-
-/// Selects an entry in the browser's list; a sub-entry below its opened main entry.
-void select(Application& app, std::int64_t id) {
-  auto& form = browser(app);
-  auto row = app.session.files.CurrentDB.OpenRecordset("BegriffParam", engine::RecordsetKind::snapshot,
-                                                       {{"lWortID", id}});
-  if (row.EndOfFile()) throw base::Error(3167, "There is no entry " + std::to_string(id) + ".");
-  app.session.entry.CurrentEntryId = id;
-  browse::SkipToEntry(form);
-  const auto& ids = form.list.List1;
-  const auto found = std::find(ids.begin(), ids.end(), id);
-  if (found == ids.end()) failed("The entry " + std::to_string(id) + " is not in the list.");
-  browse::selectRow(form, static_cast<int>(found - ids.begin()));
-}
-
-/// Leaves the editor without saving; the stub of a new entry goes.
-void abandon(Application& app, entry::frmEintrag& form) {
-  app.console.answerNext(platform::box::answerNo);
-  entry::Command7(form);
-  app.console.forgetNext();
-}
-
-/// Runs a browser command; `deeds` is what the user does in the editor that it shows.
-bool inEditor(Application& app, int action, const std::function<void(entry::frmEintrag&)>& deeds) {
-  app.console.onForm("frmEintrag", [&](platform::Form& shown) {
-    auto& form = dynamic_cast<entry::frmEintrag&>(shown);
-    required(entry::Form_Activate(form));
-    try {
-      deeds(form);
-    } catch (...) {
-      abandon(app, form);
-      throw;
-    }
-  });
-  app.session.entry.EntryAction = action;
-  return browse::AddEditDeleteAction(browser(app));
-}
 
 /// What stands in the options between one --meaning and the next.
 struct Example {
@@ -93,14 +39,6 @@ std::vector<Meaning> meaningsOf(const Arguments& arguments) {
     }
   }
   return meanings;
-}
-
-/// The row of the meaning that was added last: the one with the highest number.
-std::size_t newestMeaning(entry::frmEintrag& form) {
-  const auto rows = entry::meaningRows(form);
-  const auto newest =
-      std::max_element(rows.begin(), rows.end(), [](const auto& a, const auto& b) { return a.id < b.id; });
-  return static_cast<std::size_t>(newest - rows.begin());
 }
 
 void typeMeanings(entry::frmEintrag& form, const std::vector<Meaning>& meanings) {
@@ -131,19 +69,10 @@ void typeEntry(entry::frmEintrag& form, const std::string& headword, const Argum
   typeMeanings(form, meanings);
 }
 
-void save(entry::frmEintrag& form) {
-  const int mode = form.session.entry.EntryEditMode;
-  required(entry::Command1(form, mode == 2 ? saveSubEntryAndClose : mode == 4 ? saveSubEntry : saveAndClose));
-}
-
 entry::Owner ownerOf(Application& app, entry::frmEintrag& form) {
   const auto meaning = app.arguments.number("--meaning", 1);
   if (!meaning) return entry::Owner::entry;
-  const auto rows = entry::meaningRows(form);
-  const auto found =
-      std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return row.id == *meaning; });
-  if (found == rows.end()) failed("The entry has no meaning " + std::to_string(*meaning) + ".");
-  required(entry::selectMeaningForProperties(form, static_cast<std::size_t>(found - rows.begin())));
+  required(entry::selectMeaningForProperties(form, meaningRow(form, *meaning)));
   return entry::Owner::meaning;
 }
 

@@ -1,0 +1,84 @@
+// Commands that change existing entries.
+
+#include <gtest/gtest.h>
+
+#include "run_cli.h"
+
+namespace {
+
+using test::cli;
+using test::CliFolder;
+using test::makeDictionary;
+using test::rows;
+using Lines = std::vector<std::string>;
+
+TEST(Editing, changesEntriesMeaningsAndExamplesWithAllThatIsDerived) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Tor", "--meaning", "gate"}).out, "2\n");
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Torwart", "--under", "2"}).out, "3\n");
+  EXPECT_EQ(cli({"entry", "edit", "D.cvb", "2", "--headword", "-Pforte", "--note", "it's", "--pronunciation",
+                 "ˈpfɔʁtə"})
+                .code,
+            0);
+  EXPECT_EQ(cli({"meaning", "add", "D.cvb", "2", "small gate"}).out, "2\n");
+  EXPECT_EQ(cli({"meaning", "add", "D.cvb", "3", "goalkeeper"}).out, "3\n");
+  EXPECT_EQ(cli({"example", "add", "D.cvb", "2", "Die Pforte ist zu."}).out, "1\n");
+  EXPECT_EQ(cli({"example", "add", "D.cvb", "3", "Er hält.", "--translation", "He saves."}).out, "2\n");
+  EXPECT_EQ(rows("select Begriff, SortBegriff, Aussprache, Bemerkung, MetaSuche from Woerterbuch where "
+                 "ID_Woerterbuch > 1 order by ID_Woerterbuch"),
+            (Lines{"-Pforte\tPforte\tˈpfɔʁtə\tit's\t//gate//small gate//Die Pforte ist zu.//////-Pforte",
+                   "Torwart\tPforte1Torwart\t\t\t//goalkeeper//Er hält.//He saves.////Torwart"}));
+
+  EXPECT_EQ(cli({"meaning", "delete", "D.cvb", "2"}).code, 1) << "nothing answers the question";
+  EXPECT_EQ(cli({"meaning", "delete", "D.cvb", "2", "--answers", "7"}).code, 1);
+  EXPECT_EQ(cli({"example", "delete", "D.cvb", "2"}).code, 0);
+  EXPECT_EQ(rows("select Beispiel from WortbedBsp"), Lines{"Die Pforte ist zu."});
+  EXPECT_EQ(cli({"meaning", "delete", "D.cvb", "2", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from WortbedBsp"), Lines{"0"});
+  EXPECT_EQ(rows("select MetaSuche from Woerterbuch where ID_Woerterbuch > 1 order by ID_Woerterbuch"),
+            (Lines{"//gate////-Pforte", "//goalkeeper////Torwart"}));
+}
+
+TEST(Editing, refusesWhatIsNotThereAndLeavesTheEntryAsItWas) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"meaning", "add", "D.cvb", "1", "start"}).code, 0);
+  const Lines before = rows("select * from Woerterbuch");
+  for (const Lines& line : {Lines{"entry", "edit", "D.cvb", "9", "--note", "x"},
+                            {"entry", "edit", "D.cvb", "1", "--headword", " "},
+                            {"entry", "edit", "D.cvb", "1", "--headword", std::string(251, 'x')},
+                            {"meaning", "add", "D.cvb", "9", "x"},
+                            {"meaning", "add", "D.cvb", "1", std::string(300, 'x')},
+                            {"meaning", "delete", "D.cvb", "9", "--yes"},
+                            {"example", "add", "D.cvb", "9", "x"},
+                            {"example", "add", "D.cvb", "1", "a \" quote"},
+                            {"example", "delete", "D.cvb", "9"},
+                            {"entry", "relink", "D.cvb", "1", "--to", "9"},
+                            {"entry", "relink", "D.cvb", "1", "--to", "1"},
+                            {"entry", "relink", "D.cvb", "1", "--main"}}) {
+    const auto result = cli(line);
+    EXPECT_EQ(result.code, 1) << line[0] << ' ' << line[1] << ' ' << line[3];
+    EXPECT_FALSE(result.err.empty());
+  }
+  for (const Lines& line : {Lines{"entry", "edit", "D.cvb", "1"},
+                            {"entry", "relink", "D.cvb", "1"},
+                            {"entry", "relink", "D.cvb", "1", "--main", "--to", "1"},
+                            {"meaning", "add", "D.cvb", "1", " "},
+                            {"example", "add", "D.cvb", "1", ""}})
+    EXPECT_EQ(cli(line).code, 2) << line[1];
+  EXPECT_EQ(rows("select * from Woerterbuch"), before);
+  EXPECT_EQ(rows("select Wortbedeutung from Wortbedeutung"), Lines{"start"});
+}
+
+TEST(Editing, relinkingMovesAnEntryInTheList) {
+  const CliFolder folder;
+  makeDictionary();
+  cli({"entry", "add", "D.cvb", "Zaun"});
+  ASSERT_EQ(cli({"entry", "relink", "D.cvb", "2", "--to", "1"}).code, 0);
+  EXPECT_EQ(cli({"list", "D.cvb"}).out, "Anfang   ++\t1\n--- Zaun\t2\n");
+  ASSERT_EQ(cli({"entry", "relink", "D.cvb", "2", "--main"}).code, 0);
+  EXPECT_EQ(cli({"list", "D.cvb"}).out, "Anfang\t1\nZaun\t2\n");
+}
+
+}  // namespace
