@@ -64,6 +64,8 @@ int runPropertyAdd(Application& app, const std::vector<std::string>& words);
 int runPropertyRemove(Application& app, const std::vector<std::string>& words);
 int runSubjectAdd(Application& app, const std::vector<std::string>& words);
 int runSubjectRemove(Application& app, const std::vector<std::string>& words);
+int runHistory(Application& app, const std::vector<std::string>& words);
+int runDeleteByDate(Application& app, const std::vector<std::string>& words);
 int runList(Application& app, const std::vector<std::string>& words);
 int runSql(Application& app, const std::vector<std::string>& words);
 int runQueries(Application& app, const std::vector<std::string>& words);

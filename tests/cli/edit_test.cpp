@@ -81,4 +81,30 @@ TEST(Editing, relinkingMovesAnEntryInTheList) {
   EXPECT_EQ(cli({"list", "D.cvb"}).out, "Anfang\t1\nZaun\t2\n");
 }
 
+TEST(RecentWork, isListedAndDeletedByDate) {
+  const CliFolder folder;
+  makeDictionary();
+  cli({"entry", "add", "D.cvb", "Zaun"});
+  cli({"sql", "D.cvb",
+       "update Woerterbuch set DateTimeStamp = '24.12.2001 18:30:00' where Begriff = 'Zaun'"});
+  EXPECT_EQ(cli({"history", "D.cvb", "new", "--days", "30"}).out.substr(0, 9), "Anfang\t1\t");
+  EXPECT_EQ(cli({"history", "D.cvb", "new"}).out.substr(29), "Zaun\t2\t24.12.2001 18:30:00\n");
+  EXPECT_EQ(cli({"history", "D.cvb", "changed"}).out, "");
+  EXPECT_EQ(cli({"history", "D.cvb", "old"}).code, 2);
+  EXPECT_EQ(cli({"delete-by-date", "D.cvb", "--from", "24.12.2001"}).code, 2);
+  EXPECT_EQ(cli({"delete-by-date", "D.cvb", "--from", "24.13.2001", "--to", "1.1.2002"}).code, 2);
+  const auto asked = cli({"delete-by-date", "D.cvb", "--from", "24.12.2001", "--to", "2001-12-24"});
+  EXPECT_EQ(asked.code, 1) << "nothing answers the question";
+  EXPECT_EQ(asked.out, "Zaun\n");
+  EXPECT_EQ(
+      cli({"delete-by-date", "D.cvb", "--from", "24.12.2001 18:31", "--to", "24.12.2001", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"2"});
+  EXPECT_EQ(cli({"delete-by-date", "D.cvb", "--from", "24.12.2001", "--to", "24.12.2001", "--yes"}).code, 0);
+  EXPECT_EQ(rows("select Begriff from Woerterbuch"), Lines{"Anfang"});
+  // Without any entry the dictionary still opens and takes new ones.
+  EXPECT_EQ(cli({"delete-by-date", "D.cvb", "--from", "1.1.2001", "--to", "31.12.2099", "--yes"}).code, 0);
+  EXPECT_EQ(cli({"list", "D.cvb"}).code, 0);
+  EXPECT_EQ(cli({"entry", "add", "D.cvb", "Neu"}).code, 0);
+}
+
 }  // namespace
