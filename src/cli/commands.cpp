@@ -46,6 +46,7 @@ const std::vector<Command>& commands() {
       {"property remove", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runPropertyRemove},
       {"subject add", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectAdd},
       {"subject remove", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectRemove},
+      {"fast", "DICT HEADWORD [MEANING...] [--check]", {"--check"}, {}, 2, 5, runFast},
       {"history", "DICT new|changed [--days N]", {}, {"--days"}, 2, 2, runHistory},
       {"delete-by-date",
        "DICT --from D --to D [--changed]",
@@ -81,3 +82,4 @@ const std::vector<Command>& commands() {
 }
 
 }  // namespace cli
+      {"backup", "DICT FOLDER [--media]", {"--media"}, {}, 2, 2, runBackup},

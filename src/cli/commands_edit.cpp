@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "cli/application.h"
 #include "cli/editing.h"
+#include "entry/frmFastEntry.h"
 #include "entry/frmRelink.h"
 #include "entry/meanings.h"
 
@@ -127,6 +128,23 @@ int runExampleDelete(Application& app, const std::vector<std::string>& words) {
       entry::selectExample(form, static_cast<std::size_t>(found - rows.begin()));
       required(entry::deleteExample(form));
     });
+  });
+}
+
+int runFast(Application& app, const std::vector<std::string>& words) {
+  if (base::trim(words[1]).empty()) throw UsageError{"The headword must not be empty."};
+  return withDictionary(app, words[0], [&] {
+    entry::frmFastEntry form(app.session);
+    required(entry::Form_Load(form));
+    if (words.size() > 2 && !form.meaningsShown) failed("This dictionary has no meanings.");
+    form.Check1 = app.arguments.has("--check");
+    form.TextBox1[0] = words[1];
+    entry::frmFastEntry::Boxes* const meanings[] = {&form.TextBox2, &form.TextBox3, &form.TextBox4};
+    for (std::size_t n = 2; n < words.size(); ++n) meanings[n - 2]->front() = words[n];
+    const bool all = entry::Command3(form);
+    if (all && form.stored == 0) failed("The headword \"" + words[1] + "\" exists already.");
+    if (form.stored > 0) std::cout << form.newId << '\n';
+    return all;
   });
 }
 

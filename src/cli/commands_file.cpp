@@ -1,4 +1,4 @@
-// Commands on dictionary files: rebuild, compact, repair, copy, check.
+// Commands on dictionary files: rebuild, compact, repair, copy, backup, check.
 
 #include <filesystem>
 #include <iostream>
@@ -7,7 +7,7 @@
 #include "engine/workspace.h"
 #include "entry/frmServices.h"
 #include "shell/session/errors.h"
-#include "store/close.h"
+#include "store/frmBackup.h"
 
 namespace cli {
 
@@ -46,6 +46,22 @@ int runCopy(Application& app, const std::vector<std::string>& words) {
   app.console.answerFileDialog({existingFile(app, words[0])});
   app.console.answerFileDialog({std::filesystem::absolute(words[1]).lexically_normal().string()});
   return exitCode(frame::mnuCopyDB(app.frame));
+}
+
+int runBackup(Application& app, const std::vector<std::string>& words) {
+  store::frmBackup form(app.session);
+  form.source = existingFile(app, words[0]);
+  form.targetFolder = existingFile(app, words[1]);
+  // "." ends in a separator once it is absolute.
+  if (form.targetFolder.size() > 1 && form.targetFolder.back() == '/') form.targetFolder.pop_back();
+  form.withMedia = app.arguments.has("--media");
+  const bool copied = session::guard(app.session, form.formName, [&] {
+    if (!std::filesystem::is_directory(form.targetFolder))
+      throw base::Error(53, form.targetFolder + " is no folder.");
+    return store::BackUpDB(form);
+  });
+  if (copied) std::cout << app.session.files.paths.real(form.written).string() << '\n';
+  return exitCode(copied);
 }
 
 int runCheck(Application& app, const std::vector<std::string>& words) {

@@ -40,7 +40,8 @@ std::string normalised(std::string text, const std::string& folder) {
   text = base::replaceAll(text, folder, shownFolder);
   text = base::replaceAll(text, base::upper(folder), base::upper(shownFolder));
   text = std::regex_replace(text, std::regex(R"(\d\d\.\d\d\.\d{4} \d\d:\d\d:\d\d)"), "22.11.2026 09:30:00");
-  return std::regex_replace(text, std::regex(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)"), "2026-11-22 09:30:00");
+  text = std::regex_replace(text, std::regex(R"(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d)"), "2026-11-22 09:30:00");
+  return std::regex_replace(text, std::regex(R"(_\d{4}-\d\d-\d\d_\d\d-\d\d-\d\d)"), "_2026-11-22_09-30-00");
 }
 
 /// The first lines of a text, as "| head -3" behind a command asks for.

@@ -107,4 +107,42 @@ TEST(RecentWork, isListedAndDeletedByDate) {
   EXPECT_EQ(cli({"entry", "add", "D.cvb", "Neu"}).code, 0);
 }
 
+TEST(FastEntry, addsOneEntryOrTellsWhatItDidNotStore) {
+  const CliFolder folder;
+  makeDictionary();
+  EXPECT_EQ(cli({"fast", "D.cvb", "Zaun", "fence", "", "hedge"}).out, "2\n");
+  EXPECT_EQ(rows("select Begriff, SortBegriff, MetaSuche from Woerterbuch where ID_Woerterbuch = 2"),
+            Lines{"Zaun\tZaun\t//fence//hedge////Zaun"});
+  EXPECT_EQ(rows("select Wortbedeutung from Wortbedeutung"), (Lines{"fence", "hedge"}));
+  EXPECT_EQ(cli({"fast", "D.cvb", "zaun", "--check"}).code, 1);
+  EXPECT_EQ(cli({"fast", "D.cvb", "a \" b"}).code, 1);
+  EXPECT_EQ(cli({"fast", "D.cvb", " "}).code, 2);
+  EXPECT_EQ(cli({"fast", "D.cvb", "a", "b", "c", "d", "e"}).code, 2);
+  EXPECT_EQ(rows("select count(*) as n from Woerterbuch"), Lines{"2"});
+}
+
+TEST(Backup, copiesTheFileAndItsMediaAndNothingElse) {
+  const CliFolder folder;
+  makeDictionary();
+  std::filesystem::create_directories("Ziel");
+  std::filesystem::create_directories("D");
+  folder.write("D/bild.png", "picture");
+  const std::string before = folder.read("D.cvb");
+  const auto plain = cli({"backup", "D.cvb", "Ziel"});
+  ASSERT_EQ(plain.code, 0) << plain.err;
+  const std::string copy = plain.out.substr(0, plain.out.size() - 1);
+  EXPECT_EQ(test::TempDir::read(copy), before);
+  EXPECT_FALSE(std::filesystem::exists(copy.substr(0, copy.size() - 4) + "/bild.png"));
+  EXPECT_EQ(cli({"check", copy}).code, 0);
+
+  std::filesystem::create_directories("Ziel2");
+  const auto media = cli({"backup", "D.cvb", "Ziel2", "--media"});
+  ASSERT_EQ(media.code, 0) << media.err;
+  EXPECT_EQ(test::TempDir::read(media.out.substr(0, media.out.size() - 5) + "/bild.png"), "picture");
+  EXPECT_EQ(folder.read("D.cvb"), before);
+  EXPECT_EQ(cli({"backup", "D.cvb", "nowhere"}).code, 1);
+  EXPECT_EQ(cli({"backup", "D.cvb", "D.cvb"}).code, 1);
+  EXPECT_EQ(cli({"backup", "no.cvb", "Ziel"}).code, 1);
+}
+
 }  // namespace
