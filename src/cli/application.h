@@ -64,6 +64,7 @@ int runPropertyAdd(Application& app, const std::vector<std::string>& words);
 int runPropertyRemove(Application& app, const std::vector<std::string>& words);
 int runSubjectAdd(Application& app, const std::vector<std::string>& words);
 int runSubjectRemove(Application& app, const std::vector<std::string>& words);
+int runCatalogue(Application& app, const std::vector<std::string>& words);
 int runFast(Application& app, const std::vector<std::string>& words);
 int runHistory(Application& app, const std::vector<std::string>& words);
 int runDeleteByDate(Application& app, const std::vector<std::string>& words);
@@ -76,7 +77,7 @@ int runRebuild(Application& app, const std::vector<std::string>& words);
 int runCompact(Application& app, const std::vector<std::string>& words);
 int runRepair(Application& app, const std::vector<std::string>& words);
 int runCopy(Application& app, const std::vector<std::string>& words);
-int runCheck(Application& app, const std::vector<std::string>& words);
 int runBackup(Application& app, const std::vector<std::string>& words);
 
+int runCheck(Application& app, const std::vector<std::string>& words);
 }  // namespace cli

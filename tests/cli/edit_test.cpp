@@ -145,4 +145,18 @@ TEST(Backup, copiesTheFileAndItsMediaAndNothingElse) {
   EXPECT_EQ(cli({"backup", "no.cvb", "Ziel"}).code, 1);
 }
 
+TEST(Catalogue, isListedAndTakesAFile) {
+  const CliFolder folder;
+  makeDictionary();
+  folder.write("neu.txt", "Aal;aa.\n");
+  folder.write("neu.csv", "Aal;aa.\n");
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "properties", "--import", "neu.txt"}).code, 1) << "nothing answers";
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "properties", "--import", "neu.csv", "--yes"}).code, 1);
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "properties", "--import", "no.txt", "--yes"}).code, 1);
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "colours"}).code, 2);
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "properties", "--import", "neu.txt", "--yes"}).code, 0);
+  EXPECT_EQ(cli({"catalogue", "D.cvb", "properties"}).out.substr(0, 8), "Aal\taa.\n");
+  EXPECT_NE(cli({"catalogue", "D.cvb", "subjects"}).out.substr(0, 3), "Aal");
+}
+
 }  // namespace
