@@ -78,6 +78,6 @@ int runCompact(Application& app, const std::vector<std::string>& words);
 int runRepair(Application& app, const std::vector<std::string>& words);
 int runCopy(Application& app, const std::vector<std::string>& words);
 int runBackup(Application& app, const std::vector<std::string>& words);
-
 int runCheck(Application& app, const std::vector<std::string>& words);
+
 }  // namespace cli

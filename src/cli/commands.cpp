@@ -78,9 +78,9 @@ const std::vector<Command>& commands() {
       {"compact", "DICT", {}, {}, 1, 1, runCompact},
       {"repair", "DICT", {}, {}, 1, 1, runRepair},
       {"copy", "DICT TARGET", {}, {}, 2, 2, runCopy},
+      {"backup", "DICT FOLDER [--media]", {"--media"}, {}, 2, 2, runBackup},
       {"check", "DICT", {}, {}, 1, 1, runCheck}};
   return all;
 }
 
 }  // namespace cli
-      {"backup", "DICT FOLDER [--media]", {"--media"}, {}, 2, 2, runBackup},
