@@ -66,7 +66,7 @@ class Screen {
   virtual void setProgress(double percent, const std::string& label) = 0;
   virtual void hideProgress() = 0;
   /// Serves the message loop once. Operations come here through session::turnLoop, which commits first
-  /// and lets a call a row through every 20 ms.
+  /// and lets a call a row through every 50 ms.
   virtual void turnLoop() = 0;
 };
 

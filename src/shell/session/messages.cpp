@@ -5,7 +5,7 @@
 namespace session {
 namespace {
 
-constexpr std::chrono::milliseconds loopInterval{20};
+constexpr std::chrono::milliseconds loopInterval{50};  // a window stays alive, and few commits are made
 
 int show(Session& s, const std::string& text, int flags, const std::string& title) {
   commitGathered(s);

@@ -61,7 +61,7 @@ class ProgressForm {
   Session& session_;
 };
 
-/// Serves the message loop when 20 ms have passed since the last time, with everything committed before.
+/// Serves the message loop when 50 ms have passed since the last time, with everything committed before.
 void turnLoop(Session& s);
 
 }  // namespace session
