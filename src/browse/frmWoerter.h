@@ -86,6 +86,12 @@ bool CheckIfEntryExists(frmWoerter& form);
 /// Jumps to CurrentEntryId (to its main entry when it is a sub-entry); offers to make a new entry when
 /// no row matches.
 void SkipToEntry(frmWoerter& form);
+/// The captions of the letter buttons, in the dictionary's order.
+std::vector<std::string> GenerateAlphabetCommandCaption(frmWoerter& form);
+/// A letter button, by its caption: keeps the list to that letter and those that count as the same.
+void pressLetter(frmWoerter& form, const std::string& caption);
+/// Whether the row that rsWoerter stands on is one of the list: a main entry of the letters chosen.
+bool onList(const frmWoerter& form);
 /// Drops the letter and the order by date and shows all.
 void showAllLetters(frmWoerter& form);
 /// Removes the selected row from the lists.

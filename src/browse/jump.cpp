@@ -7,6 +7,7 @@
 #include "catalogue/keys.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
+#include "store/letters.h"
 #include "store/rewriter.h"
 
 namespace browse {
@@ -159,8 +160,27 @@ void SkipToEntry(frmWoerter& form) {
   goToTarget(form);
 }
 
+std::vector<std::string> GenerateAlphabetCommandCaption(frmWoerter& form) {
+  std::vector<std::string> captions;
+  auto rows = form.session.files.CurrentDB.OpenRecordset("Buchstaben");
+  for (; !rows.EndOfFile(); rows.MoveNext()) captions.push_back(rows["FilterBuchstabe1"].textOrEmpty());
+  return captions;
+}
+
+void pressLetter(frmWoerter& form, const std::string& caption) {
+  auto& filter = form.session.filter;
+  filter.FilterBuchstabe[0] = caption;
+  store::BuchstabenZuweisung(form.session, caption);
+  filter.AlleBuchstaben = false;
+  session::ShowStatus(form.session, session::dialogText(form.session, dialog::loading_entries), true);
+  form.LetterSelection = filter.FilterBuchstabe;
+  FormInit(form);
+  session::ShowStatus(form.session, "", false);
+}
+
 void showAllLetters(frmWoerter& form) {
   form.session.filter.AlleBuchstaben = true;
+  form.session.filter.FilterBuchstabe[0].clear();
   form.session.shell.dateOrder = false;
   session::ShowStatus(form.session, session::dialogText(form.session, dialog::loading_entries), true);
   form.LetterSelection[0].clear();

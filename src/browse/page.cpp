@@ -47,6 +47,11 @@ bool letterMatches(const frmWoerter& form, const Value& sortKey) {
                      [&](const std::string& letter) { return base::equalsIgnoreCase(first, letter); });
 }
 
+bool belongsOnList(const frmWoerter& form, const PageFields& f) {
+  return integerOr0(form.rsWoerter.value(f.level)) == 1 &&
+         letterMatches(form, form.rsWoerter.value(f.sortKey));
+}
+
 std::string displayText(const engine::Recordset& rows, const PageFields& f) {
   std::string text = rows.value(f.headword).textOrEmpty();
   if (isTrue(rows.value(f.hasSubEntries))) text += withSubEntries;
@@ -74,7 +79,7 @@ void fillPage(frmWoerter& form) {
   auto& rows = form.rsWoerter;
   const PageFields f(rows);
   while (!rows.EndOfFile() && form.RowCounter != form.PageSize) {
-    if (integerOr0(rows.value(f.level)) == 1 && letterMatches(form, rows.value(f.sortKey))) {
+    if (belongsOnList(form, f)) {
       ++form.RowCounter;
       form.list.insert(form.list.size(), displayText(rows, f), integerOr0(rows.value(f.id)),
                        integerOr0(rows.value(f.mainId)), rows.value(f.database).textOrEmpty());
@@ -154,6 +159,10 @@ void WordList::erase(std::size_t at) {
   List3.erase(List3.begin() + offset);
   List4.erase(List4.begin() + offset);
   if (selected >= static_cast<int>(size())) selected = static_cast<int>(size()) - 1;
+}
+
+bool onList(const frmWoerter& form) {
+  return belongsOnList(form, PageFields(form.rsWoerter));
 }
 
 void LoadAllWords(frmWoerter& form) {

@@ -111,10 +111,17 @@ browse::frmWoerter* ShowWordInstance(frmMDI& form) {
     return nullptr;
   }
   ++s.shell.BrowserCount;
+  s.filter.AlleBuchstaben = true;
+  // The first browser of a dictionary: what was filtered in another one says nothing here.
+  if (form.browsers.empty()) browse::ResetFilterDialog(form.filter);
   browse::frmWoerter* browser =
       form.browsers.emplace_back(std::make_unique<browse::frmWoerter>(s)).form.get();
   form.browsers.back().id =
       session::registerForm(s, "frmWoerter", [&form, browser] { closeBrowser(form, browser); });
+  browser->releaseFilter = [&form, browser] {
+    browse::resetFilter(form.filter);
+    browse::refreshAfterFilter(form.filter, *browser);
+  };
   browse::FormInit(*browser);
   return browser;
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "browse/frmFilter.h"
 #include "browse/frmWoerter.h"
 #include "shell/frame/menus.h"
 #include "shell/session/session.h"
@@ -20,11 +21,12 @@ struct OpenBrowser {
 
 /// The main window. It owns the entry browsers; its window shows what stands here.
 struct frmMDI {
-  explicit frmMDI(session::Session& s) : session(s) {}
+  explicit frmMDI(session::Session& s) : session(s), filter(s) {}
   frmMDI(const frmMDI&) = delete;
   frmMDI& operator=(const frmMDI&) = delete;
 
   session::Session& session;
+  browse::frmFilter filter;  ///< stays loaded, hidden
   std::vector<MenuItem> menu;
   std::vector<OpenBrowser> browsers;  ///< in the order of opening
   std::string helpFile;               ///< empty: there is none

@@ -53,6 +53,10 @@ bool frmMDI_Load(frmMDI& form) {
   return session::guard(s, "frmMDI", [&] {
     s.CRLF = "\r\n";
     session::LoadTextCatalogue(s);
+    browse::attachFilter(form.filter);
+    form.filter.searchBox = [&form] {
+      return form.browsers.empty() ? std::string() : form.browsers.back().form->Text3;
+    };
     s.files.CurrentLocale = store::defaultLocale;
     SetMenuCaptions(s, form.menu);
     s.shell.caption = session::boxTitle(s);
