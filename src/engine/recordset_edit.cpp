@@ -40,7 +40,7 @@ class Recordset::Impl::OwnWrite {
 void Recordset::Impl::requireUpdatable() const {
   const bool any = std::ranges::any_of(fields_, [](const FieldInfo& info) { return info.updatable; });
   if (!any) {
-    throw Error(errors::readOnly, "Can't update. Database or object is read-only.");
+    throw Error(errors::readOnly, "These rows can only be read: the file, the query or the kind of recordset allows no changes.");
   }
 }
 
@@ -49,7 +49,7 @@ void Recordset::Impl::set(std::size_t field, const Value& value) {
     throw Error(errors::updateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
   }
   if (field >= fields_.size()) {
-    throw Error(errors::itemNotFound, "Item not found in this collection.");
+    throw Error(errors::itemNotFound, "The recordset has no such field.");
   }
   if (!fields_[field].updatable) {
     throw Error(errors::readOnly, "Field '" + fields_[field].name + "' can't be updated.");

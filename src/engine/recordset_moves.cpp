@@ -10,7 +10,7 @@ namespace {
 constexpr int invalidBookmark = 3159;
 
 [[noreturn]] void noCurrentRecord() {
-  throw Error(errors::noCurrentRecord, "No current record.");
+  throw Error(errors::noCurrentRecord, "The recordset stands on no row.");
 }
 
 }  // namespace
@@ -82,7 +82,7 @@ std::size_t Recordset::Impl::field(const std::string& name) {
 
 Value Recordset::Impl::value(std::size_t field) {
   if (field >= fields_.size()) {
-    throw Error(errors::itemNotFound, "Item not found in this collection.");
+    throw Error(errors::itemNotFound, "The recordset has no such field.");
   }
   if (editing_ != Editing::nothing) {
     if (const std::optional<Value> pending = pendingValue(field)) {

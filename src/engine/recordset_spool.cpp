@@ -59,7 +59,7 @@ const storage::Statement& RecordsetSpool::row(std::int64_t position) {
     onRow_ = -1;
     select_->bindInteger(1, position + 1);
     if (!select_->step()) {
-      throw Error(errors::noCurrentRecord, "No current record.");
+      throw Error(errors::noCurrentRecord, "The recordset stands on no row.");
     }
     onRow_ = position;
   }

@@ -199,6 +199,42 @@ TEST(Statements, printValuesEscapedAndRefuseWhatTheyCanNotMean) {
   EXPECT_EQ(rows("select Begriff from Woerterbuch"), Lines{"Anfang"});
 }
 
+TEST(Filter, leavesTheEntriesThatMeetEveryChoice) {
+  const CliFolder folder;
+  makeDictionary();
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Haus", "--note", "alt", "--meaning", "house"}).code, 0);
+  ASSERT_EQ(cli({"entry", "add", "D.cvb", "Hut", "--meaning", "hat"}).code, 0);
+  ASSERT_EQ(cli({"property", "add", "D.cvb", "2", "Substantiv"}).code, 0);
+  ASSERT_EQ(cli({"property", "add", "D.cvb", "3", "Substantiv", "--meaning", "2"}).code, 0);
+  const auto ids = [](Lines options) {
+    Lines line = {"filter", "D.cvb"};
+    line.insert(line.end(), options.begin(), options.end());
+    std::istringstream out(cli(line).out);
+    std::string found;
+    for (std::string row; std::getline(out, row);) found += row.substr(0, row.find('\t'));
+    return found;
+  };
+  EXPECT_EQ(ids({}), "123");
+  EXPECT_EQ(ids({"--property", "substantiv"}), "2");
+  EXPECT_EQ(ids({"--property", "Substantiv", "--meaning-level"}), "3");
+  EXPECT_EQ(ids({"--having", "note"}), "2");
+  EXPECT_EQ(ids({"--lacking", "note"}), "13");
+  EXPECT_EQ(ids({"--letter", "h"}), "23");
+  EXPECT_EQ(ids({"--letter", "h", "--lacking", "note"}), "23")
+      << "a letter stands beside the selection, not within it";
+  EXPECT_EQ(ids({"--to", "31.12.2001"}), "");
+  EXPECT_EQ(ids({"--from", "1.1.2020"}), "123");
+  EXPECT_EQ(
+      cli({"filter", "D.cvb", "--property", "Substantiv", "--meaning-level", "--from", "1.1.2020"}).code, 1)
+      << "senses have no dates";
+  EXPECT_EQ(cli({"filter", "D.cvb", "--having", "note", "--lacking", "note"}).code, 2);
+  EXPECT_EQ(cli({"filter", "D.cvb", "--having", "nothing"}).code, 2);
+  EXPECT_EQ(cli({"filter", "D.cvb", "--from", "yesterday"}).code, 2);
+  EXPECT_EQ(cli({"filter", "D.cvb", "--property", "Nirgends"}).code, 1);
+  EXPECT_EQ(rows("select count(*) as n from FilterSelektion1"), Lines{"0"})
+      << "no filter outlives its command";
+}
+
 TEST(Import, takesWholeFilesOrNothing) {
   const CliFolder folder;
   makeDictionary();
