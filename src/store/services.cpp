@@ -2,11 +2,13 @@
 
 #include <filesystem>
 
+#include "base/text.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/close.h"
 #include "store/dialogs.h"
 #include "store/files.h"
+#include "store/queries/stored_queries.h"
 
 namespace store {
 namespace {
@@ -33,6 +35,13 @@ void tell(session::Session& s, const std::string& text) {
 /// A file that was not closed in good order keeps work in the log beside it: opening brings it home.
 void settle(session::Session& s, const std::string& path) {
   s.files.Workspace->OpenDatabase(s.files.paths.real(path).string(), true).Close();
+}
+
+/// Stored queries are the program's own: those that a dictionary has lost are put back.
+void restoreQueries(session::Session& s, const std::string& path) {
+  engine::Database database = s.files.Workspace->OpenDatabase(s.files.paths.real(path).string());
+  for (const std::string& table : database.tableNames())
+    if (base::equalsIgnoreCase(table, "Woerterbuch")) return CreateQueries(database);
 }
 
 }  // namespace
@@ -91,6 +100,7 @@ void RepairDB(session::Session& s) {
   {
     const session::Busy busy(s, name + session::dialogText(s, dialog::is_being_repaired));
     report = engine::RepairDatabase(*s.files.Workspace, s.files.paths.real(path).string());
+    if (!report.lines.empty()) restoreQueries(s, path);
   }
   std::string text = name + session::dialogText(s, dialog::has_been_repaired) + s.CRLF;
   if (report.rowsLost == 0 && report.lines.empty()) {
