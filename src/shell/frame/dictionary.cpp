@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "browse/clipboard.h"
 #include "shell/frame/firstent.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
@@ -84,6 +85,9 @@ bool mnuClose(frmMDI& form) {
   return command(form, [&] { store::CloseCurrentDB(s); }) && written;
 }
 
+bool mnuKopieren(frmMDI& form) {
+  return browse::ExportEntryToClipboard(form.session);
+}
 bool mnuCopyDB(frmMDI& form) {
   return command(form, [&] { store::CopyDB(form.session); });
 }

@@ -60,6 +60,8 @@ bool mnuMultiOpen(frmMDI& form);
 /// A recent file by its number in the menu, from 1; -1 is the last dictionary of the settings file.
 bool mnuFilearray(frmMDI& form, int index);
 bool mnuClose(frmMDI& form);
+/// Puts the current entry on the clipboard as text.
+bool mnuKopieren(frmMDI& form);
 bool mnuCopyDB(frmMDI& form);
 bool mnuCompact(frmMDI& form);
 bool mnuCompactCurrentDB(frmMDI& form);
