@@ -145,4 +145,17 @@ TEST(Texts, AreReadByPositionInBothLanguages) {
   EXPECT_THROW(t.label(label::status_ready), base::Error);
 }
 
+TEST(Help, OpensTheTopicOrTheContentsInTheTextsLanguage) {
+  TestSession t;
+  session::ShowHelpTopic(t.session, "");
+  t.session.texts.UILanguage = 2;
+  session::ShowHelpTopic(t.session, "no-such-topic");
+  ASSERT_EQ(t.script.opened.size(), 2u);
+  EXPECT_NE(t.script.opened[0].find("help/de/index.md"), std::string::npos);
+  EXPECT_NE(t.script.opened[1].find("help/en/index.md"), std::string::npos);
+  for (const std::string& page : t.script.opened) EXPECT_FALSE(test::TempDir::read(page).empty());
+  t.session.folders.ProgramPath = "/nowhere";
+  EXPECT_THROW(session::ShowHelpTopic(t.session, ""), base::Error);
+}
+
 }  // namespace

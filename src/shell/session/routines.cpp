@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "shell/session/messages.h"
+#include "shell/session/start.h"
 
 namespace session {
 namespace {
@@ -104,6 +105,14 @@ std::string BuildFileFilter(int kind) {
 std::string BuildFileURL(std::string_view path) {
   if (path.starts_with('/')) path.remove_prefix(1);
   return "file:///" + base::replaceAll(path, " ", "%20");
+}
+
+void ShowHelpTopic(Session& s, const std::string& topic) {
+  const std::string folder = s.texts.UILanguage == 2 ? "help/en/" : "help/de/";
+  std::string page = topic.empty() ? "" : shippedPath(s, folder + topic + ".md");
+  if (page.empty()) page = shippedPath(s, folder + "index.md");
+  if (page.empty()) throw base::Error(53, "The help is not installed beside the program.");
+  s.desk.outside.open(page);
 }
 
 std::string GetDefaultPrinter(Session& s) {

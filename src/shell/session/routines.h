@@ -29,6 +29,10 @@ std::string BuildFileFilter(int kind);
 /// A "file:///" address with "%20" for each blank.
 std::string BuildFileURL(std::string_view path);
 
+/// Opens the help at a topic, in the language of the texts; the contents page where the topic is empty or
+/// has no page. Throws 53 when the help is not installed or nothing opens it.
+void ShowHelpTopic(Session& s, const std::string& topic);
+
 /// The desktop's default printer; says so when there is none and returns what there is all the same.
 std::string GetDefaultPrinter(Session& s);
 
