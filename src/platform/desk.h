@@ -85,10 +85,24 @@ class Outside {
   virtual std::string defaultPrinter() = 0;
 };
 
+class Images;
+class PictureClipboard;
+class Scanner;
+class Sound;
+
+/// Devices and files of pictures and sound; null where a desk has none. Owned by whoever owns the desk.
+struct Media {
+  Images* images = nullptr;
+  PictureClipboard* clipboard = nullptr;
+  Scanner* scanner = nullptr;
+  Sound* sound = nullptr;
+};
+
 struct Desk {
   Boxes& boxes;
   Screen& screen;
   Outside& outside;
+  Media media{};
 };
 
 }  // namespace platform
