@@ -2,7 +2,9 @@
 
 #include "base/text.h"
 #include "catalogue/keys.h"
+#include "entry/attachments.h"
 #include "entry/classification.h"
+#include "entry/links.h"
 #include "entry/meanings.h"
 #include "entry/visit.h"
 #include "shell/session/errors.h"
@@ -135,6 +137,7 @@ void makeStub(frmEintrag& form, const std::string& headword, std::int64_t mainId
   EigenschaftenSachgebieteAutomatischAnBegriff(form, s.entry.CurrentEntryId);
   StichwortBedeutungNeuAnzeigen(form, s.entry.CurrentEntryId);
   applyMode(form);
+  refillTab(form);
   session::ShowStatus(s, "", false);
   form.focus = Focus::headword;
 }
@@ -216,26 +219,27 @@ void StichwortBedeutungNeuAnzeigen(frmEintrag& form, std::int64_t lWortID) {
   const int mode = form.session.entry.EntryEditMode;
   if (mode == 3 || mode == 4) form.playEnabled = !form.record.Klang.empty();
   clearMeaningSelection(form);
+  // What the lists still hold belongs to the entry that was on show before.
+  ClearLists(form);
+  clearLinks(form);
+  clearAttachments(form);
 }
 
 void refillTab(frmEintrag& form) {
-  engine::Database& db = form.session.files.CurrentDB;
   const std::int64_t id = form.session.entry.CurrentEntryId;
-  const auto open = [&](const char* query) {
-    return db.OpenRecordset(query, engine::RecordsetKind::dynaset, {{"lWortID", id}});
-  };
   switch (form.tab) {
     case Tab::properties:
       FillEigenschaftSachgebietList(form, id);
       break;
     case Tab::links:
-      form.links = open("BegriffURLParam2");
+      openLinksTab(form);
       break;
     case Tab::attachments:
-      form.attachments = open("BegriffAttachmentParam");
+      AttachmentRefill(form);
       break;
     case Tab::crossReferences:
-      form.crossReferences = open("BegriffQuerverweisParam1");
+      form.crossReferences = form.session.files.CurrentDB.OpenRecordset(
+          "BegriffQuerverweisParam1", engine::RecordsetKind::dynaset, {{"lWortID", id}});
       break;
     default:
       break;

@@ -33,7 +33,7 @@ enum class Tab {
 };
 inline constexpr std::size_t tabCount = 9;
 
-enum class Focus { headword, pronunciation, linksTab, example, elsewhere };
+enum class Focus { headword, pronunciation, linksTab, example, linkAddress, attachmentName, elsewhere };
 
 struct Button {
   bool visible = false, enabled = false;
@@ -90,7 +90,18 @@ struct frmEintrag : platform::Form {
   std::string meaningPropertiesLabel;  ///< WindowedLabel2
 
   // What else hangs on the entry, filled when its tab is opened.
-  engine::Recordset links, attachments, crossReferences;
+  engine::Recordset crossReferences;
+  engine::Recordset links;                               ///< DBGridURL
+  std::string linkNameBox, linkAddressBox, linkNoteBox;  ///< Text7, Text8, Text9
+  int linkRatingBox = 0;                                 ///< Combo1, of the items 0 to 5
+  std::int64_t SelectedLinkId = 0;
+  std::int64_t EditedLinkId = 0;  ///< the link that the boxes show for editing, 0 for a new one
+  bool openLinkArmed = false;     ///< a click on the selected link opens it
+  engine::Recordset attachments;  ///< dbGridAttachment
+  std::string attachmentNoteBox, attachmentFileBox, attachmentNameBox;  ///< Text10, Text11, Text12
+  bool attachmentIsCopied = true;  ///< Option1: the file goes into the dictionary's folder; false is Option2
+  std::int64_t SelectedAttachmentId = 0;
+  std::int64_t EditedAttachmentId = 0;  ///< as EditedLinkId
 };
 
 /// Starts a visit in the session's EntryEditMode: binds the lists, makes a stub (modes 1, 2) or reads
