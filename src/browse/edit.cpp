@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
 #include "catalogue/keys.h"
 #include "shell/session/errors.h"
@@ -16,6 +17,7 @@ namespace {
 constexpr const char* formName = "frmWoerter";
 
 enum class Action { newSubEntry = 0, remove = 1, close = 2, edit = 3, newMainEntry = 4 };
+constexpr int firstLetterAction = 5;
 
 bool endsWith(const std::string& text, std::string_view end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
@@ -27,9 +29,7 @@ bool somethingSelected(const frmWoerter& form) {
 
 /// Several files open: new entries go to the one that was added last.
 void useTargetDictionary(session::Session& session) {
-  auto& files = session.files;
-  if (files.OpenDBCount < 2 || files.dictionaryList.empty()) return;
-  files.CurrentDB = files.Workspace->OpenDatabase(files.dictionaryList.back(), false, files.ReadOnlyMode);
+  if (!session.files.dictionaryList.empty()) useDictionary(session, session.files.dictionaryList.back());
 }
 
 bool selectById(frmWoerter& form, std::int64_t id) {
@@ -48,7 +48,7 @@ void showAgain(frmWoerter& form, std::int64_t id, std::int64_t mainId) {
   }
   BuildWordTreeNew(form);
   if (selectById(form, id)) return;
-  form.rsWoerter.FindFirst("woerterbuch.ID_Woerterbuch = " + std::to_string(id));
+  form.rsWoerter.FindFirst(entryCondition(form.session, id, form.session.files.CurrentDBPath));
   if (form.rsWoerter.NoMatch()) return;
   if (!selectById(form, mainId)) {
     form.session.entry.CurrentEntryId = id;
@@ -69,9 +69,7 @@ void placeNewRow(frmWoerter& form) {
                                                       : form.list.size();
   form.list.insert(at, subEntry ? "--- " + headword : headword, session.entry.CurrentEntryId,
                    row["ID_Woerterbuch1"].asInteger(), row["DatabaseName"].textOrEmpty());
-  form.list.selected = static_cast<int>(at);
-  session.entry.SelectedEntryId = session.entry.CurrentEntryId;
-  session.entry.SelectedMainEntryId = form.list.List3[at];
+  selectRow(form, static_cast<int>(at));
 }
 
 bool onlyRowLeft(frmWoerter& form) {
@@ -94,6 +92,12 @@ void unloadOtherForms(session::Session& session) {
   }
 }
 
+/// The row of an entry of the current dictionary; a list over several files can not be written through.
+engine::Recordset ownRow(session::Session& session, std::int64_t id) {
+  return session.files.CurrentDB.OpenRecordset("BegriffParam", engine::RecordsetKind::dynaset,
+                                               {{"lWortID", id}});
+}
+
 void deleteReferencesTo(session::Session& session, std::int64_t id) {
   auto references = session.files.CurrentDB.OpenRecordset(
       "select * from Querverweis where ID_WoerterbuchQV = " + std::to_string(id));
@@ -104,11 +108,11 @@ void deleteReferencesTo(session::Session& session, std::int64_t id) {
 void clearMarkOfRowAbove(frmWoerter& form) {
   if (form.list.selected < 1) return;
   const std::int64_t above = form.list.List1[static_cast<std::size_t>(form.list.selected - 1)];
-  form.rsWoerter.FindFirst("woerterbuch.ID_Woerterbuch = " + std::to_string(above));
-  if (form.rsWoerter.NoMatch()) return;
-  form.rsWoerter.Edit();
-  form.rsWoerter.set("UNTERBEGRIFF", false);
-  form.rsWoerter.Update();
+  auto row = ownRow(form.session, above);
+  if (row.EndOfFile()) return;
+  row.Edit();
+  row.set("UNTERBEGRIFF", false);
+  row.Update();
 }
 
 }  // namespace
@@ -159,14 +163,14 @@ void DeleteEntry(frmWoerter& form) {
   }
   unloadOtherForms(session);
   const std::int64_t id = form.list.List1[at], mainId = form.list.List3[at];
-  form.rsWoerter.FindFirst("woerterbuch.ID_Woerterbuch = " + std::to_string(id));
-  if (form.rsWoerter.NoMatch()) return;
+  auto row = ownRow(session, id);
+  if (row.EndOfFile()) return;
   const std::string question = session::dialogText(session, dialog::delete_entry_before) +
-                               form.rsWoerter["BEGRIFF"].textOrEmpty() +
+                               row["BEGRIFF"].textOrEmpty() +
                                session::dialogText(session, dialog::delete_entry_after);
   if (session::showUnicodeBox(session, question, platform::box::yesNo) != platform::box::answerYes) return;
 
-  form.rsWoerter.Delete();
+  row.Delete();
   deleteReferencesTo(session, id);
   if (id != mainId) clearMarkOfRowAbove(form);
   VisibleEntryDeleteAll(form);
@@ -187,6 +191,10 @@ bool AddEditDeleteAction(frmWoerter& form) {
     session::ShowStatus(session, session::labelText(session, label::reading_entry), true);
     if (somethingSelected(form))
       session.entry.CurrentEntryId = form.list.List1[static_cast<std::size_t>(form.list.selected)];
+    if (session.entry.EntryAction >= firstLetterAction) {
+      const auto index = static_cast<std::size_t>(session.entry.EntryAction - firstLetterAction);
+      if (index < form.letters.size()) pressLetter(form, std::string(form.letters[index]));
+    }
     switch (static_cast<Action>(session.entry.EntryAction)) {
       case Action::newSubEntry:
         session.entry.EntryEditMode = 2;

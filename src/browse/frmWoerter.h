@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "browse/display.h"
 #include "engine/recordset.h"
 #include "entry/frmEintrag.h"
 #include "shell/session/session.h"
@@ -38,6 +39,8 @@ struct WordList {
   void erase(std::size_t at);
 };
 
+enum class BrowserFocus { list, searchBox, note };
+
 struct frmWoerter {
   explicit frmWoerter(session::Session& s) : session(s), editor(s) {}
 
@@ -52,11 +55,18 @@ struct frmWoerter {
   std::vector<std::int64_t> PageStartId;  ///< [n]: first row of page n + 1, 0 where unknown
   std::int64_t TargetPosition = 0;        ///< from 1; above 0 while a jump is pending
   std::int64_t TargetMainId = 0;
+  std::string TargetDatabase;  ///< DatabaseName of that entry; empty: of any file
   std::int64_t RowCounter = 1;
   std::array<std::string, 6> LetterSelection;  ///< the first is empty when no letter is chosen
 
   std::string Text3;                    ///< the search box
   std::function<void()> releaseFilter;  ///< resets the filter dialog; empty: there is none
+  std::function<void()> printEntry;     ///< prints the selected entry; empty: nothing can
+  EntryDisplay display;                 ///< the right side
+  std::vector<std::string> letters;     ///< captions of the letter buttons, at most 26
+  std::vector<std::string> KategorieCombo, SachgebietCombo;
+  BrowserFocus focus = BrowserFocus::list;
+  bool inert = false;  ///< a modal operation runs: keys and clicks on the list do nothing
   std::string countLabel, caption, pageToolTip;
   bool backEnabled = false, forwardEnabled = false, selectionEnabled = false;
   bool closed = false;
@@ -83,22 +93,30 @@ void searchBoxChanged(frmWoerter& form, const std::string& text);
 /// Finds the row whose headword equals the search box's text; true when there is one: the jump is then
 /// pending in TargetPosition.
 bool CheckIfEntryExists(frmWoerter& form);
+/// The row of an entry of the current dictionary by its number, through the scratch query and the rewriter;
+/// at its end where there is none.
+engine::Recordset readEntry(frmWoerter& form, std::int64_t id);
 /// Jumps to CurrentEntryId (to its main entry when it is a sub-entry); offers to make a new entry when
 /// no row matches.
 void SkipToEntry(frmWoerter& form);
 /// The captions of the letter buttons, in the dictionary's order.
 std::vector<std::string> GenerateAlphabetCommandCaption(frmWoerter& form);
+/// Copies what counts as the letter of button `index` (from 0) into the filter state.
+void BuchstabenZuweisung(frmWoerter& form, std::size_t index);
 /// A letter button, by its caption: keeps the list to that letter and those that count as the same.
 void pressLetter(frmWoerter& form, const std::string& caption);
 /// Whether the row that rsWoerter stands on is one of the list: a main entry of the letters chosen.
 bool onList(const frmWoerter& form);
+/// Whether a letter keeps the list to its entries.
+bool letterChosen(const frmWoerter& form);
 /// Drops the letter and the order by date and shows all.
 void showAllLetters(frmWoerter& form);
 /// Removes the selected row from the lists.
 void VisibleEntryDeleteAll(frmWoerter& form);
 
 /// Carries out session.entry.EntryAction on the selected row: 0 new sub-entry, 1 delete, 2 close, 3 edit,
-/// 4 new main entry. Errors are reported through the error log; true when nothing failed.
+/// 4 new main entry, 5 and on the letter buttons. Errors are reported through the error log; true when
+/// nothing failed.
 bool AddEditDeleteAction(frmWoerter& form);
 void AddEntry(frmWoerter& form);
 void EditEntry(frmWoerter& form);
@@ -107,5 +125,7 @@ void DeleteEntry(frmWoerter& form);
 /// Names of the properties and of the subject fields in their order, for the two combos.
 std::vector<std::string> FillKategorieCombo(frmWoerter& form);
 std::vector<std::string> FillSachgebietCombo(frmWoerter& form);
+/// The window's caption again, after a change of texts or settings.
+void Timer1(frmWoerter& form);
 
 }  // namespace browse

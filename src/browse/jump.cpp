@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
+#include "browse/values.h"
 #include "catalogue/keys.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
@@ -31,6 +33,8 @@ std::int64_t mainEntryOf(session::Session& session, std::int64_t mainId) {
 void setTarget(frmWoerter& form) {
   auto& rows = form.rsWoerter;
   form.TargetPosition = rows.AbsolutePosition() + 1;
+  form.TargetDatabase = rows["DATABASENAME"].textOrEmpty();
+  useDictionary(form.session, form.TargetDatabase);
   const Value mainId = rows["ID_Woerterbuch1"];
   form.TargetMainId = mainId.isNull() ? rows["woerterbuch.id_woerterbuch"].asInteger() : mainId.asInteger();
   if (rows["EBENE"].asInteger() != 1) form.TargetMainId = mainEntryOf(form.session, form.TargetMainId);
@@ -42,17 +46,22 @@ void setTarget(frmWoerter& form) {
   form.selectionEnabled = true;
 }
 
-int indexOf(const WordList& list, std::int64_t id) {
-  const auto found = std::find(list.List1.begin(), list.List1.end(), id);
-  return found == list.List1.end() ? -1 : static_cast<int>(found - list.List1.begin());
+/// The row of the pending target on the list, -1 where it shows none.
+int targetRow(const frmWoerter& form) {
+  const WordList& list = form.list;
+  for (std::size_t row = 0; row < list.size(); ++row)
+    if (list.List1[row] == form.TargetMainId &&
+        (form.session.files.OpenDBCount < 2 || list.List4[row] == form.TargetDatabase))
+      return static_cast<int>(row);
+  return -1;
 }
 
 /// Shows the page of the pending target unless it is on the list already, and selects it.
 void goToTarget(frmWoerter& form) {
-  int index = indexOf(form.list, form.TargetMainId);
+  int index = targetRow(form);
   if (index < 0) {
     BuildWordTreeNew(form);
-    index = indexOf(form.list, form.TargetMainId);
+    index = targetRow(form);
   }
   form.TargetPosition = 0;
   if (index >= 0) selectRow(form, index);
@@ -78,16 +87,6 @@ void openSubEntries(frmWoerter& form, std::size_t at) {
   }
 }
 
-/// The row of an entry by its number, through the scratch query and the rewriter.
-engine::Recordset openEntry(frmWoerter& form, std::int64_t id) {
-  auto& database = form.session.files.CurrentDB;
-  std::string sql =
-      "select id_woerterbuch, woerterbuch.* from woerterbuch where id_woerterbuch = " + std::to_string(id);
-  auto scratch = database.queryDef("SQLTemp");
-  scratch.setSQL(store::BuildMultiSQL(form.session, sql, session::View::frmWoerter));
-  return scratch.OpenRecordset();
-}
-
 void offerNewEntry(frmWoerter& form) {
   auto& session = form.session;
   const std::string question = session::dialogText(session, dialog::not_found_before) + " '" + form.Text3 +
@@ -101,6 +100,19 @@ void offerNewEntry(frmWoerter& form) {
 
 }  // namespace
 
+engine::Recordset readEntry(frmWoerter& form, std::int64_t id) {
+  auto& database = form.session.files.CurrentDB;
+  std::string sql =
+      "select id_woerterbuch, woerterbuch.* from woerterbuch where id_woerterbuch = " + std::to_string(id);
+  auto scratch = database.queryDef("SQLTemp");
+  scratch.setSQL(store::BuildMultiSQL(form.session, sql, session::View::frmWoerter));
+  auto rows = scratch.OpenRecordset();
+  while (form.session.files.OpenDBCount > 1 && !rows.EndOfFile() &&
+         rows["DATABASENAME"].textOrEmpty() != form.session.files.CurrentDBPath)
+    rows.MoveNext();
+  return rows;
+}
+
 void selectRow(frmWoerter& form, int index) {
   form.list.selected = index;
   SelectEntry(form);
@@ -111,10 +123,13 @@ void SelectEntry(frmWoerter& form) {
   if (list.selected < 0 || list.selected >= static_cast<int>(list.size())) return;
   const auto at = static_cast<std::size_t>(list.selected);
   session::ShowStatus(form.session, session::labelText(form.session, label::reading_entry), true);
+  useDictionary(form.session, list.List4[at]);
   if (endsWith(list.List2[at], "->")) openSubEntries(form, at);
   form.session.entry.SelectedEntryId = list.List1[at];
   form.session.entry.SelectedMainEntryId = list.List3[at];
+  if (form.session.shell.entryDisplayed) ShowEntry(form);
   form.selectionEnabled = true;
+  form.focus = form.Text3.empty() ? BrowserFocus::list : BrowserFocus::searchBox;
   session::ShowStatus(form.session, "", false);
 }
 
@@ -136,7 +151,7 @@ void searchBoxChanged(frmWoerter& form, const std::string& text) {
   form.Text3 = text;
   if (!text.empty()) {
     ReleaseFilter(form);
-    if (!form.LetterSelection[0].empty()) showAllLetters(form);
+    if (letterChosen(form) || form.session.shell.dateOrder) showAllLetters(form);
   } else if (form.rsWoerter.RecordCount() > 0) {
     form.rsWoerter.MoveFirst();
     return;
@@ -146,12 +161,14 @@ void searchBoxChanged(frmWoerter& form, const std::string& text) {
 
 void SkipToEntry(frmWoerter& form) {
   auto& entry = form.session.entry;
-  auto rows = openEntry(form, entry.CurrentEntryId);
+  auto rows = readEntry(form, entry.CurrentEntryId);
   if (!rows.EndOfFile() && rows["Ebene"].asInteger() == 2) {
     entry.CurrentEntryId = rows["ID_Woerterbuch1"].asInteger();
-    rows = openEntry(form, entry.CurrentEntryId);
+    rows = readEntry(form, entry.CurrentEntryId);
   }
-  form.rsWoerter.FindFirst("woerterbuch.id_woerterbuch = " + std::to_string(entry.CurrentEntryId));
+  const std::string file =
+      form.session.files.OpenDBCount > 1 ? form.session.files.CurrentDBPath : std::string();
+  form.rsWoerter.FindFirst(entryCondition(form.session, entry.CurrentEntryId, file));
   if (form.rsWoerter.NoMatch()) {
     offerNewEntry(form);
     return;
@@ -165,6 +182,14 @@ std::vector<std::string> GenerateAlphabetCommandCaption(frmWoerter& form) {
   auto rows = form.session.files.CurrentDB.OpenRecordset("Buchstaben");
   for (; !rows.EndOfFile(); rows.MoveNext()) captions.push_back(rows["FilterBuchstabe1"].textOrEmpty());
   return captions;
+}
+
+void BuchstabenZuweisung(frmWoerter& form, std::size_t index) {
+  if (index < form.letters.size()) store::BuchstabenZuweisung(form.session, form.letters[index]);
+}
+
+bool letterChosen(const frmWoerter& form) {
+  return !form.LetterSelection[0].empty() || !form.session.filter.AlleBuchstaben;
 }
 
 void pressLetter(frmWoerter& form, const std::string& caption) {
@@ -192,6 +217,7 @@ void VisibleEntryDeleteAll(frmWoerter& form) {
     form.list.erase(static_cast<std::size_t>(form.list.selected));
   form.countLabel.clear();
   form.pageToolTip.clear();
+  clearDisplay(form);
 }
 
 }  // namespace browse

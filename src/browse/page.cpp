@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
+#include "browse/values.h"
 #include "catalogue/keys.h"
 #include "shell/session/messages.h"
 #include "shell/session/session.h"
@@ -33,13 +35,6 @@ struct PageFields {
   std::size_t level, sortKey, id, mainId, database, headword, hasSubEntries, inWork;
 };
 
-std::int64_t integerOr0(const Value& value) {
-  return value.isNull() ? 0 : value.asInteger();
-}
-bool isTrue(const Value& value) {
-  return !value.isNull() && value.asBoolean();
-}
-
 bool letterMatches(const frmWoerter& form, const Value& sortKey) {
   if (form.LetterSelection[0].empty()) return true;
   const std::string first = base::upper(base::left(sortKey.textOrEmpty(), 1));
@@ -48,14 +43,13 @@ bool letterMatches(const frmWoerter& form, const Value& sortKey) {
 }
 
 bool belongsOnList(const frmWoerter& form, const PageFields& f) {
-  return integerOr0(form.rsWoerter.value(f.level)) == 1 &&
-         letterMatches(form, form.rsWoerter.value(f.sortKey));
+  return numberOf(form.rsWoerter.value(f.level)) == 1 && letterMatches(form, form.rsWoerter.value(f.sortKey));
 }
 
 std::string displayText(const engine::Recordset& rows, const PageFields& f) {
   std::string text = rows.value(f.headword).textOrEmpty();
-  if (isTrue(rows.value(f.hasSubEntries))) text += withSubEntries;
-  return isTrue(rows.value(f.inWork)) ? inProcess + text : text;
+  if (truth(rows.value(f.hasSubEntries))) text += withSubEntries;
+  return truth(rows.value(f.inWork)) ? inProcess + text : text;
 }
 
 /// Notes which row the page `pageNumber` + 1 begins with.
@@ -81,8 +75,8 @@ void fillPage(frmWoerter& form) {
   while (!rows.EndOfFile() && form.RowCounter != form.PageSize) {
     if (belongsOnList(form, f)) {
       ++form.RowCounter;
-      form.list.insert(form.list.size(), displayText(rows, f), integerOr0(rows.value(f.id)),
-                       integerOr0(rows.value(f.mainId)), rows.value(f.database).textOrEmpty());
+      form.list.insert(form.list.size(), displayText(rows, f), numberOf(rows.value(f.id)),
+                       numberOf(rows.value(f.mainId)), rows.value(f.database).textOrEmpty());
     }
     rows.MoveNext();
   }
@@ -184,13 +178,13 @@ void SelectByLetter(frmWoerter& form) {
 
 void BuildWordTreeNew(frmWoerter& form) {
   if (form.TargetPosition > 0) {
-    form.rsWoerter.FindFirst("woerterbuch.ID_Woerterbuch =" + std::to_string(form.TargetMainId));
+    form.rsWoerter.FindFirst(entryCondition(form.session, form.TargetMainId, form.TargetDatabase));
     form.TargetPosition = 0;
   } else {
     moveToListStart(form);
     form.PageNumber = 1;
     form.backEnabled = false;
-    recordPageStart(form, 0, integerOr0(form.rsWoerter["woerterbuch.id_woerterbuch"]));
+    recordPageStart(form, 0, numberOf(form.rsWoerter["woerterbuch.id_woerterbuch"]));
   }
   fillPage(form);
 }
@@ -201,7 +195,7 @@ void pageForward(frmWoerter& form) {
     form.forwardEnabled = false;
     return;
   }
-  recordPageStart(form, form.PageNumber, integerOr0(rows["woerterbuch.id_woerterbuch"]));
+  recordPageStart(form, form.PageNumber, numberOf(rows["woerterbuch.id_woerterbuch"]));
   ++form.PageNumber;
   fillPage(form);
   form.backEnabled = form.PageNumber > 1;
@@ -220,13 +214,18 @@ void pageBack(frmWoerter& form) {
     rows.MoveFirst();
     rows.Move((form.PageNumber - 1) * std::max(form.PageSize - 1, 1));
   }
+  if (!rows.EndOfFile()) useDictionary(form.session, rows["DATABASENAME"].textOrEmpty());
   fillPage(form);
   form.backEnabled = form.PageNumber > 1;
 }
 
 void FormInit(frmWoerter& form) {
   form.PageSize = pageSizeOf(form.settings);
-  form.caption = windowCaption(form);
+  Timer1(form);
+  form.letters = GenerateAlphabetCommandCaption(form);
+  form.KategorieCombo = FillKategorieCombo(form);
+  form.SachgebietCombo = FillSachgebietCombo(form);
+  clearDisplay(form);
   form.list.clear();
   form.PageStartId.clear();
   SelectByLetter(form);
@@ -238,6 +237,12 @@ void FormInit(frmWoerter& form) {
   if (form.list.size() > 0) selectRow(form, 0);
 }
 
+void Timer1(frmWoerter& form) {
+  form.caption = windowCaption(form);
+}
+
+namespace {
+
 std::vector<std::string> comboNames(frmWoerter& form, const char* query, const char* column) {
   std::vector<std::string> names;
   auto rows = form.session.files.CurrentDB.OpenRecordset(query, engine::RecordsetKind::snapshot);
@@ -245,6 +250,8 @@ std::vector<std::string> comboNames(frmWoerter& form, const char* query, const c
   for (; !rows.EndOfFile(); rows.MoveNext()) names.push_back(rows.value(name).textOrEmpty());
   return names;
 }
+
+}  // namespace
 
 std::vector<std::string> FillKategorieCombo(frmWoerter& form) {
   return comboNames(form, "OrderWKategorie", "Kategorie");

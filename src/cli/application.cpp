@@ -72,6 +72,7 @@ int runCommand(const Command& command, const std::vector<std::string>& line, con
 
 Application::Application(const Arguments& a, const std::string& programPath)
     : arguments(a), console(a.yes, a.answers), session(console.desk()), frame(session) {
+  session.shell.entryDisplayed = false;
   if (!frame::frmStart_Load(session, programPath) || !frame::frmMDI_Initialize(frame) ||
       !frame::frmMDI_Load(frame))
     throw base::Error(platform::cancelled, "The program could not start.");

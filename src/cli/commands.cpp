@@ -65,6 +65,7 @@ const std::vector<Command>& commands() {
        1,
        1,
        runFilter},
+      {"page", "DICT ID", {}, {}, 2, 2, runPage},
       {"sql", "DICT STATEMENT|QUERY [--ado] [--param NAME=VALUE]...", {"--ado"}, {"--param"}, 2, 2, runSql},
       {"queries", "DICT", {}, {}, 1, 1, runQueries},
       {"import-text",

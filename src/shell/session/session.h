@@ -84,6 +84,12 @@ struct Filter {
   std::function<bool()> FilterIsActive;
 };
 
+/// What a search hands to the views that show its hits.
+struct Search {
+  std::string SearchTerm;    ///< marked in the notes of the entries shown; empty: nothing is marked
+  std::string SelectedWord;  ///< the word marked in the entry display, for the look-up
+};
+
 /// Settings of the open dictionary that are cached (its `Sprache` row holds all of them).
 struct Project {
   int ProjectType = 1;
@@ -133,6 +139,7 @@ struct Shell {
   bool failed = false;     ///< LogError reported something since this was cleared
   bool dateOrder = false;  ///< lists by date of creation
   bool pendingRefresh = false;
+  bool entryDisplayed = true;  ///< browsers gather and show the selected entry; off where no one looks
 };
 
 struct Session {
@@ -144,6 +151,7 @@ struct Session {
   Files files;
   EntryFlow entry;
   Filter filter;
+  Search search;
   Project project;
   Texts texts;
   Shell shell;
