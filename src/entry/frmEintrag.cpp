@@ -6,6 +6,8 @@
 #include "entry/classification.h"
 #include "entry/links.h"
 #include "entry/meanings.h"
+#include "entry/pictures.h"
+#include "entry/sound.h"
 #include "entry/visit.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
@@ -156,6 +158,7 @@ bool Form_Activate(frmEintrag& form) {
   session::Session& s = form.session;
   form.visible = false;
   form.savedInVisit = false;
+  dropRecording(form);
   return session::guard(s, form.formName, [&] {
     readSettings(form);
     AttribSubjectRefill(form);
@@ -180,6 +183,7 @@ bool Form_Activate(frmEintrag& form) {
 }
 
 void Form_Unload(frmEintrag& form) {
+  dropRecording(form);
   for (engine::Recordset* rows :
        {&form.navigator, &form.Data3, &form.Data7, &form.Adodc2, &form.Adodc5, &form.Data13, &form.Data9,
         &form.Data8, &form.Data5, &form.links, &form.attachments, &form.crossReferences}) {
@@ -214,7 +218,7 @@ void Assign_STWOERTERBUCH_Out(frmEintrag& form) {
 
 void StichwortBedeutungNeuAnzeigen(frmEintrag& form, std::int64_t lWortID) {
   SetADODC2(form, lWortID);
-  form.pictureShown = form.tab == Tab::entry && !form.record.Bild.empty();
+  showPictureOfRecord(form);
   Assign_STWOERTERBUCH_Out(form);
   const int mode = form.session.entry.EntryEditMode;
   if (mode == 3 || mode == 4) form.playEnabled = !form.record.Klang.empty();
@@ -249,7 +253,10 @@ void refillTab(frmEintrag& form) {
 bool selectTab(frmEintrag& form, Tab tab) {
   if (!form.tabVisible[static_cast<std::size_t>(tab)]) return false;
   form.tab = tab;
-  return session::guard(form.session, form.formName, [&] { refillTab(form); });
+  return session::guard(form.session, form.formName, [&] {
+    if (tab == Tab::entry && form.picture.Lead1.empty()) showPictureOfRecord(form);
+    refillTab(form);
+  });
 }
 
 }  // namespace entry

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/recordset.h"
+#include "entry/media_controls.h"
 #include "entry/record.h"
 #include "platform/desk.h"
 #include "shell/session/session.h"
@@ -67,6 +68,8 @@ struct frmEintrag : platform::Form {
   Focus focus = Focus::headword;
   bool pronunciationShown = true, priorityShown = false, navigatorShown = false, pictureShown = false;
   bool playEnabled = false;
+  PictureControls picture;
+  SoundControls sound;
   int NextPriority = 1;
 
   // Lists of entries and catalogues.

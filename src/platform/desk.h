@@ -90,6 +90,9 @@ class PictureClipboard;
 class Scanner;
 class Sound;
 
+/// The error of an operation on pictures or sound that this desk has no port for.
+inline constexpr int noMedia = 492;
+
 /// Devices and files of pictures and sound; null where a desk has none. Owned by whoever owns the desk.
 struct Media {
   Images* images = nullptr;
