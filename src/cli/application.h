@@ -64,6 +64,7 @@ int runPropertyAdd(Application& app, const std::vector<std::string>& words);
 int runPropertyRemove(Application& app, const std::vector<std::string>& words);
 int runSubjectAdd(Application& app, const std::vector<std::string>& words);
 int runSubjectRemove(Application& app, const std::vector<std::string>& words);
+int runPictureSet(Application& app, const std::vector<std::string>& words);
 int runCatalogue(Application& app, const std::vector<std::string>& words);
 int runFast(Application& app, const std::vector<std::string>& words);
 int runHistory(Application& app, const std::vector<std::string>& words);

@@ -46,6 +46,7 @@ const std::vector<Command>& commands() {
       {"property remove", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runPropertyRemove},
       {"subject add", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectAdd},
       {"subject remove", "DICT ID NAME [--meaning ID]", {}, {"--meaning"}, 3, 3, runSubjectRemove},
+      {"picture set", "DICT ID FILE", {}, {}, 3, 3, runPictureSet},
       {"catalogue", "DICT properties|subjects [--import FILE]", {}, {"--import"}, 2, 2, runCatalogue},
       {"fast", "DICT HEADWORD [MEANING...] [--check]", {"--check"}, {}, 2, 5, runFast},
       {"history", "DICT new|changed [--days N]", {}, {"--days"}, 2, 2, runHistory},
