@@ -30,6 +30,7 @@ bool Form_Load(frmHistory& form) {
   session::Session& s = form.session;
   return session::guard(s, form.formName, [&] {
     form.Combo1 = {session::labelText(s, label::all_periods)};
+    form.period = form.Combo1.front();
     for (const Period& period : periods) form.Combo1.push_back(session::labelText(s, period.text));
     form.caption = session::labelText(s, form.HistoryIsNew ? label::new_entries : label::changed_entries);
     return showLastDays(form, 0);
@@ -41,6 +42,7 @@ bool Combo1_Click(frmHistory& form, const std::string& period) {
   for (const Period& known : periods) {
     if (period == session::labelText(form.session, known.text)) days = known.days;
   }
+  form.period = period;
   return showLastDays(form, days);
 }
 

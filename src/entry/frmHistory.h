@@ -18,6 +18,7 @@ struct frmHistory : platform::Form {
   session::Session& session;
   const bool HistoryIsNew;  ///< lists created entries, not changed ones
   std::vector<std::string> Combo1;
+  std::string period;                ///< the item of Combo1 in force
   std::string caption;               ///< of the grid
   engine::Recordset Adodc1;          ///< latest first; it leaves out entries that are gone
   std::int64_t SelectedEntryId = 0;  ///< of the selected row, 0 for none

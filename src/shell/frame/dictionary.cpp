@@ -126,8 +126,15 @@ browse::frmWoerter* ShowWordInstance(frmMDI& form) {
     browse::resetFilter(form.filter);
     browse::refreshAfterFilter(form.filter, *browser);
   };
+  form.active = browser;
   browse::FormInit(*browser);
   return browser;
+}
+
+void browserActivated(frmMDI& form, browse::frmWoerter& browser) {
+  form.active = &browser;
+  if (!form.session.shell.pendingRefresh) return;
+  command(form, [&] { browse::FormInit(browser); });
 }
 
 void closeBrowser(frmMDI& form, const browse::frmWoerter* browser) {
@@ -136,6 +143,7 @@ void closeBrowser(frmMDI& form, const browse::frmWoerter* browser) {
   if (found == form.browsers.end()) return;
   session::forgetForm(form.session, found->id);
   form.browsers.erase(found);
+  if (form.active == browser) form.active = form.browsers.empty() ? nullptr : form.browsers.back().form.get();
   --form.session.shell.BrowserCount;
 }
 

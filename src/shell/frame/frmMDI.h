@@ -29,6 +29,7 @@ struct frmMDI {
   browse::frmFilter filter;  ///< stays loaded, hidden
   std::vector<MenuItem> menu;
   std::vector<OpenBrowser> browsers;  ///< in the order of opening
+  browse::frmWoerter* active = nullptr;  ///< the browser that commands are for; null without any
   std::string helpFile;               ///< empty: there is none
   bool unloaded = false;              ///< the process ends
 };
@@ -46,13 +47,19 @@ bool frmStart_Load(session::Session& s, const std::string& programPath);
 bool frmMDI_Initialize(frmMDI& form);
 /// Texts, menus, status bar, recent files.
 bool frmMDI_Load(frmMDI& form);
+/// Menus, labels and messages in another language (1 German, 2 English), for a start that asks for one.
+bool chooseLanguage(frmMDI& form, int language);
 /// Reopens the last dictionary, once after start.
 bool frmMDI_Activate(frmMDI& form);
 
 /// Opens a new entry browser if the limit allows; returns it, or null after the refusal.
 browse::frmWoerter* ShowWordInstance(frmMDI& form);
+/// A browser came to the front: commands are for it from now on. It is built anew where that is due.
+void browserActivated(frmMDI& form, browse::frmWoerter& browser);
 /// Forgets a browser that was closed.
 void closeBrowser(frmMDI& form, const browse::frmWoerter* browser);
+
+// The commands of the menu and the toolbar.
 
 bool mnuNew(frmMDI& form);
 bool mnuOpen(frmMDI& form);
@@ -60,6 +67,12 @@ bool mnuMultiOpen(frmMDI& form);
 /// A recent file by its number in the menu, from 1; -1 is the last dictionary of the settings file.
 bool mnuFilearray(frmMDI& form, int index);
 bool mnuClose(frmMDI& form);
+// On the active browser's selected entry; without a browser they do nothing and return false.
+bool mnuNewEntry(frmMDI& form);
+bool mnuNewSubEntry(frmMDI& form);
+bool mnuEditEntry(frmMDI& form);
+bool mnuDeleteEntry(frmMDI& form);
+bool mnuRelinkEntry(frmMDI& form);
 /// Puts the current entry on the clipboard as text.
 bool mnuKopieren(frmMDI& form);
 bool mnuCopyDB(frmMDI& form);
@@ -68,6 +81,21 @@ bool mnuCompactCurrentDB(frmMDI& form);
 bool mnurepair(frmMDI& form);
 bool mnuBuildReportTables(frmMDI& form);
 bool mnuBuildReportTablesDelta(frmMDI& form);
+
+// Dialogs.
+bool mnuBackup(frmMDI& form);
+bool mnuServicesOverview(frmMDI& form);
+bool mnuBuildMetaSearchIndex(frmMDI& form);
+bool mnuBuildSortBegriff(frmMDI& form);
+bool mnuFastEntry(frmMDI& form);
+bool mnuNewHistory(frmMDI& form);
+bool mnuChangeHistory(frmMDI& form);
+bool mnuDeleteByDate(frmMDI& form);
+bool mnuProperties(frmMDI& form);
+bool mnuSubjects(frmMDI& form);
+/// Releases an active filter after a question, then shows the filter dialog.
+bool mnuChoice(frmMDI& form);
+
 /// Ends the program, which a close of the frame's window does too; offers a backup when the last one is
 /// more than 15 days old. False when the program runs on.
 bool mnuExit(frmMDI& form);

@@ -139,6 +139,16 @@ constexpr Item items[] = {
     {"mnuPopUpDelete", menu::mnuPopUpDelete, true},
     {"mnuPopUpRelink", menu::mnuPopUpRelink, true},
     {"mnuPopUpPrintEntry", menu::mnuPopUpPrintEntry, true},
+    {"mnuFastEntry", menu::mnuFastEntry, true},
+    {"mnuDeleteByDate", menu::mnuDeleteByDate, true},
+    {"mnuDeleteByProperty", menu::mnuDeleteByProperty, true},
+    {"mnuDeleteBySubject", menu::mnuDeleteBySubject, true},
+    {"mnuCatalogues", menu::mnuCatalogues, true},
+    {"mnuProperties", menu::mnuProperties, true},
+    {"mnuSubjects", menu::mnuSubjects, true},
+    {"mnuAutomatic", menu::mnuAutomatic, true},
+    {"mnuSoundInfo", menu::mnuSoundInfo, false},
+    {"mnuNewBrowser", menu::mnuNewBrowser, true},
 };
 
 }  // namespace

@@ -54,9 +54,7 @@ bool frmMDI_Load(frmMDI& form) {
     s.CRLF = "\r\n";
     session::LoadTextCatalogue(s);
     browse::attachFilter(form.filter);
-    form.filter.searchBox = [&form] {
-      return form.browsers.empty() ? std::string() : form.browsers.back().form->Text3;
-    };
+    form.filter.searchBox = [&form] { return form.active == nullptr ? std::string() : form.active->Text3; };
     s.files.CurrentLocale = store::defaultLocale;
     SetMenuCaptions(s, form.menu);
     s.shell.caption = session::boxTitle(s);
@@ -66,6 +64,16 @@ bool frmMDI_Load(frmMDI& form) {
     const std::string help = s.folders.AppPath + "/vocarium.hlp";
     if (s.files.paths.exists(help)) form.helpFile = help;
     session::GenerateFileMenu(s);
+  });
+}
+
+bool chooseLanguage(frmMDI& form, int language) {
+  session::Session& s = form.session;
+  return session::guard(s, "frmMDI", [&] {
+    session::TexteEinlesen(s, language);
+    SetMenuCaptions(s, form.menu);
+    s.shell.StatusText = "-";
+    session::ShowStatus(s, "", false);
   });
 }
 

@@ -1,0 +1,162 @@
+// The editor's tabs of web links, attachments and cross-references.
+
+#include <QGridLayout>
+#include <QMenu>
+
+#include "desktop/entry/editor_tabs.h"
+#include "entry/attachments.h"
+#include "entry/links.h"
+
+namespace desktop {
+namespace {
+
+using Command = bool (*)(entry::frmEintrag&);
+
+struct Item {
+  int caption;
+  Command command;
+};
+
+/// The menu of a row: the same commands as the buttons below the grid.
+void addRowMenu(Editor editor, Grid& grid, std::vector<Item> items) {
+  grid.menu = [editor, items = std::move(items)](int, const QPoint& where) {
+    auto* menu = new QMenu(&editor.dialog);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Item& item : items)
+      QObject::connect(menu->addAction(qt(session::menuText(editor.face.session(), item.caption))),
+                       &QAction::triggered, &editor.dialog,
+                       [editor, command = item.command] { editor.face.run([&] { command(editor.form); }); });
+    menu->popup(where);
+  };
+}
+
+QPushButton& commandButton(Editor editor, const char* objectName, int caption, Command command,
+                           Face::Condition enabled = {}) {
+  return editor.face.button(
+      objectName, caption, [form = &editor.form, command] { command(*form); }, std::move(enabled));
+}
+
+void addBox(Face& face, QGridLayout& grid, int row, int column, int caption, QWidget& box) {
+  QLabel& text = face.label(caption);
+  text.setBuddy(&box);
+  grid.addWidget(&text, row, column);
+  grid.addWidget(&box, row, column + 1);
+}
+
+QHBoxLayout* rightAligned(std::initializer_list<QWidget*> buttons) {
+  auto* row = new QHBoxLayout;
+  row->addStretch(1);
+  for (QWidget* each : buttons) row->addWidget(each);
+  return row;
+}
+
+}  // namespace
+
+QWidget* linksTab(Editor& editor) {
+  Face& face = editor.face;
+  entry::frmEintrag& form = editor.form;
+  Grid& grid = face.grid("DBGridURL", label::web_links);
+  grid.setHeads({face.caption(label::link_name), face.caption(label::link_address),
+                 face.caption(label::link_note), face.caption(label::link_rating)});
+  grid.selected = [editor](int row) {
+    editor.face.run([&] { entry::selectLink(editor.form, static_cast<std::size_t>(row)); });
+  };
+  grid.activated = [editor](int) { editor.face.run([&] { entry::openLink(editor.form); }); };
+  addRowMenu(editor, grid,
+             {{menu::mnuEditURL, entry::mnuEditURL}, {menu::mnuDeleteURL, entry::mnuDeleteURL}});
+  face.onDraw([&form, &grid] {
+    Grid::Rows rows;
+    if (form.links.isOpen())
+      for (const entry::LinkRow& each : entry::linkRows(form))
+        rows.push_back({each.name, each.address, each.note, std::to_string(each.rating)});
+    grid.setRows(std::move(rows));
+  });
+  const auto selected = [&form] { return form.SelectedLinkId != 0; };
+  auto* boxes = new QGridLayout;
+  addBox(face, *boxes, 0, 0, label::link_name, face.line("Text7", label::link_name, form.linkNameBox));
+  addBox(face, *boxes, 1, 0, label::link_address,
+         face.line("Text8", label::link_address, form.linkAddressBox));
+  addBox(face, *boxes, 2, 0, label::link_note, face.line("Text9", label::link_note, form.linkNoteBox));
+  QComboBox& rating = face.combo(
+      "Combo1", label::link_rating, [] { return std::vector<std::string>{"0", "1", "2", "3", "4", "5"}; },
+      [&form] { return std::to_string(form.linkRatingBox); },
+      [&form](const std::string& text) { form.linkRatingBox = std::stoi(text); });
+  addBox(face, *boxes, 3, 0, label::link_rating, rating);
+  auto* column = new QVBoxLayout;
+  column->addWidget(&grid, 1);
+  column->addLayout(
+      rightAligned({&commandButton(editor, "OpenLink", label::show, entry::openLink, selected),
+                    &commandButton(editor, "EditLink", label::edit, entry::mnuEditURL, selected),
+                    &commandButton(editor, "DeleteLink", label::remove, entry::mnuDeleteURL, selected)}));
+  column->addLayout(boxes);
+  column->addLayout(rightAligned({&commandButton(editor, "Command5", label::save, entry::Command5)}));
+  return tabPage(editor, entry::Tab::links, column);
+}
+
+QWidget* attachmentsTab(Editor& editor) {
+  Face& face = editor.face;
+  entry::frmEintrag& form = editor.form;
+  Grid& grid = face.grid("dbGridAttachment", label::attachments);
+  grid.setHeads({face.caption(label::attachment_name), face.caption(label::attachment_file),
+                 face.caption(label::attachment_note)});
+  grid.selected = [editor](int row) {
+    editor.face.run([&] { entry::selectAttachment(editor.form, static_cast<std::size_t>(row)); });
+  };
+  grid.activated = [editor](int) { editor.face.run([&] { entry::openAttachment(editor.form); }); };
+  addRowMenu(editor, grid,
+             {{menu::mnuEditAttachment, entry::mnuEditAttachment},
+              {menu::mnuDeleteAttachment, entry::mnuDeleteAttachment}});
+  face.onDraw([&form, &grid] {
+    Grid::Rows rows;
+    if (form.attachments.isOpen())
+      for (const entry::AttachmentRow& each : entry::attachmentRows(form))
+        rows.push_back({each.name, each.file, each.note});
+    grid.setRows(std::move(rows));
+  });
+  const auto selected = [&form] { return form.SelectedAttachmentId != 0; };
+  auto* boxes = new QGridLayout;
+  addBox(face, *boxes, 0, 0, label::attachment_file,
+         face.line("Text11", label::attachment_file, form.attachmentFileBox));
+  boxes->addWidget(&commandButton(editor, "Command9", label::browse_files, entry::Command9), 0, 2);
+  addBox(face, *boxes, 1, 0, label::attachment_name,
+         face.line("Text12", label::attachment_name, form.attachmentNameBox));
+  addBox(face, *boxes, 2, 0, label::attachment_note,
+         face.line("Text10", label::attachment_note, form.attachmentNoteBox));
+  auto* where = new QVBoxLayout;
+  where->addWidget(&face.radio(
+      "Option1", label::copy_file_to_dictionary, [&form] { return form.attachmentIsCopied; },
+      [&form] { form.attachmentIsCopied = true; }));
+  where->addWidget(&face.radio(
+      "Option2", label::leave_file_in_place, [&form] { return !form.attachmentIsCopied; },
+      [&form] { form.attachmentIsCopied = false; }));
+  auto* column = new QVBoxLayout;
+  column->addWidget(&grid, 1);
+  column->addLayout(rightAligned(
+      {&commandButton(editor, "OpenAttachment", label::show, entry::openAttachment, selected),
+       &commandButton(editor, "EditAttachment", label::edit, entry::mnuEditAttachment, selected),
+       &commandButton(editor, "DeleteAttachment", label::remove, entry::mnuDeleteAttachment, selected)}));
+  column->addLayout(boxes);
+  column->addLayout(where);
+  column->addLayout(rightAligned({&commandButton(editor, "Command8", label::save, entry::Command8)}));
+  return tabPage(editor, entry::Tab::attachments, column);
+}
+
+QWidget* crossReferencesTab(Editor& editor) {
+  Grid& grid = editor.face.grid("DBGridQuerverweise", label::cross_references);
+  grid.setHeads({editor.face.caption(label::cross_references)});
+  editor.face.onDraw([form = &editor.form, &grid] {
+    Grid::Rows rows;
+    auto& set = form->crossReferences;
+    if (set.isOpen() && !(set.BeginOfFile() && set.EndOfFile())) {
+      for (set.MoveFirst(); !set.EndOfFile(); set.MoveNext())
+        rows.push_back({set["Querverweis"].textOrEmpty()});
+      set.MoveFirst();
+    }
+    grid.setRows(std::move(rows));
+  });
+  auto* column = new QVBoxLayout;
+  column->addWidget(&grid, 1);
+  return tabPage(editor, entry::Tab::crossReferences, column);
+}
+
+}  // namespace desktop

@@ -1,0 +1,42 @@
+#include "desktop/entry/entry_windows.h"
+
+namespace desktop {
+
+std::unique_ptr<Dialog> makeRelink(Gate& gate, QWidget* parent, entry::frmRelink& form) {
+  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::relink_title);
+  Dialog* shown = dialog.get();
+  Face& face = shown->face;
+  shown->helpTopic = form.formName;
+  QLineEdit& search = face.line("Text1", label::relink_target, form.Text1,
+                                [&form](const std::string& text) { entry::Text1_Change(form, text); });
+  search.setClearButtonEnabled(true);
+  Grid& targets = face.grid("DataGrid1", label::relink_target);
+  targets.setHeads({face.caption(label::headword)});
+  targets.selected = [shown, &form](int row) {
+    shown->face.run([&] {
+      form.Adodc1.setAbsolutePosition(row);
+      form.targetSelected = true;
+    });
+  };
+  // The list is bound anew by each key in the box; between two of them it is left alone.
+  face.onDraw([&form, &targets, bound = std::string("-")]() mutable {
+    if (bound != form.SQLTemp) targets.setRecordset(form.Adodc1, {"Begriff"});
+    bound = form.SQLTemp;
+    if (!form.targetSelected) targets.setCurrentRow(-1);
+  });
+  const auto closeWhenDone = [shown, &form](bool (*command)(entry::frmRelink&)) {
+    if (command(form)) shown->finish();
+  };
+  auto* column = new QVBoxLayout(shown);
+  column->addLayout(face.labelled(label::relink_target, search));
+  column->addWidget(&targets, 1);
+  column->addLayout(shown->buttonRow(
+      {&face.button("Command1", label::relink_below, [closeWhenDone] { closeWhenDone(entry::Command1); }),
+       &face.button("Command3", label::relink_as_main_entry,
+                    [closeWhenDone] { closeWhenDone(entry::Command3); })},
+      {&face.button("Close", label::close, [shown] { shown->finish(); })}));
+  shown->resize(640, 460);
+  return dialog;
+}
+
+}  // namespace desktop

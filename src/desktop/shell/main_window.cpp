@@ -1,0 +1,197 @@
+#include "desktop/shell/main_window.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <algorithm>
+#include <set>
+
+#include "desktop/application.h"
+#include "desktop/browse/browser_window.h"
+#include "desktop/kit/dialog.h"
+#include "desktop/kit/text.h"
+#include "desktop/shell/about.h"
+#include "desktop/shell/commands.h"
+#include "desktop/shell/menu_tree.h"
+
+namespace desktop {
+namespace {
+
+constexpr const char* formName = "frmMDI";
+/// Items that concern windows alone.
+const std::set<std::string> windowItems = {"mnuCascade", "mnuTile", "mnuTileVertical", "mnuAbout"};
+
+}  // namespace
+
+MainWindow::MainWindow(Application& app) : app_(app) {
+  setObjectName(formName);
+  setWindowTitle("Vocarium");
+  area_ = new QMdiArea(this);
+  area_->setViewMode(QMdiArea::SubWindowView);
+  area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setCentralWidget(area_);
+  status_ = new QLabel(this);
+  status_->setObjectName("StatusBar");
+  statusBar()->addWidget(status_, 1);
+  app_.desk.frame = this;
+  app_.desk.status = status_;
+  buildMenus();
+  buildToolBar();
+  buildProjectBar();
+  resize(1180, 760);
+  restorePlace(app_.session, *this, formName);
+  QObject::connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
+    auto* browser = window == nullptr ? nullptr : dynamic_cast<BrowserWindow*>(window->widget());
+    if (browser == nullptr || app_.frame.active == &browser->form()) return;
+    app_.gate.run(formName, [&] { frame::browserActivated(app_.frame, browser->form()); });
+  });
+  id_ = app_.gate.addWindow(formName, [this] { draw(); });
+  app_.gate.idle = [this] { leave(); };
+  app_.gate.draw();
+}
+
+MainWindow::~MainWindow() {
+  app_.gate.idle = {};
+  app_.gate.removeWindow(id_);
+}
+
+void MainWindow::buildMenus() {
+  for (const char* name : menuTree().front().items) menuBar()->addMenu(buildMenu(name));
+  buildMenu("mnuPopUpEditAddDelete");
+  for (const Shortcut& shortcut : menuShortcuts())
+    if (const auto found = actions_.find(shortcut.item); found != actions_.end())
+      found->second->setShortcut(QKeySequence(shortcut.keys));
+}
+
+QMenu* MainWindow::buildMenu(const std::string& name) {
+  const Menu* menu = nullptr;
+  for (const Menu& each : menuTree())
+    if (name == each.name) menu = &each;
+  auto* made = new QMenu(this);
+  menus_[name] = made;
+  made->setObjectName(qt(name));
+  made->menuAction()->setObjectName(qt(name));
+  for (const frame::MenuItem& item : app_.frame.menu)
+    if (item.name == name) made->setTitle(qt(item.caption));
+  actions_[name] = made->menuAction();
+  if (name == "mnuFilearray") recent_ = made;
+  if (menu == nullptr) return made;
+  for (const std::string item : menu->items) {
+    const bool isMenu =
+        item == "mnuFilearray" || std::any_of(menuTree().begin(), menuTree().end(),
+                                              [&](const Menu& each) { return item == each.name; });
+    if (item == "-")
+      made->addSeparator();
+    else if (isMenu)
+      made->addMenu(buildMenu(item));
+    else
+      made->addAction(buildAction(item));
+  }
+  return made;
+}
+
+QAction* MainWindow::buildAction(const std::string& item) {
+  auto* action = new QAction(this);
+  action->setObjectName(qt(item));
+  actions_[item] = action;
+  for (const frame::MenuItem& each : app_.frame.menu)
+    if (each.name == item) action->setText(qt(each.caption));
+  if (item == "mnuCascade") {
+    QObject::connect(action, &QAction::triggered, area_, &QMdiArea::cascadeSubWindows);
+  } else if (item == "mnuTile" || item == "mnuTileVertical") {
+    QObject::connect(action, &QAction::triggered, this, [this, down = item == "mnuTile"] {
+      const QList<QMdiSubWindow*> windows = area_->subWindowList();
+      const auto count = static_cast<int>(windows.size());
+      for (int n = 0; n < count; ++n) {
+        windows[n]->showNormal();
+        const QSize size = area_->viewport()->size();
+        windows[n]->setGeometry(
+            down ? QRect(0, n * size.height() / count, size.width(), size.height() / count)
+                 : QRect(n * size.width() / count, 0, size.width() / count, size.height()));
+      }
+    });
+  } else if (item == "mnuAbout") {
+    QObject::connect(action, &QAction::triggered, this,
+                     [this] { app_.gate.run(formName, [this] { showAbout(app_.gate, this); }); });
+  } else if (const auto command = commandOf(item)) {
+    QObject::connect(action, &QAction::triggered, this,
+                     [this, command] { app_.gate.run(formName, [&] { command(app_.frame); }); });
+  }
+  return action;
+}
+
+void MainWindow::draw() {
+  for (const frame::MenuItem& item : app_.frame.menu) {
+    const auto found = actions_.find(item.name);
+    if (found == actions_.end()) continue;
+    const bool has = found->second->menu() != nullptr || item.name == "mnuCascade" ||
+                     item.name == "mnuTile" || item.name == "mnuTileVertical" || commandOf(item.name);
+    found->second->setEnabled(has && frame::isEnabled(app_.session, item));
+  }
+  status_->setText(status_->text().isEmpty() ? qt(app_.session.shell.StatusText) : status_->text());
+  drawRecentFiles();
+  drawProjectBar();
+  drawBrowsers();
+}
+
+void MainWindow::drawRecentFiles() {
+  const auto& files = app_.session.shell.mnuFilearray;
+  if (files == recentShown_) return;
+  recentShown_ = files;
+  recent_->clear();
+  for (std::size_t n = 0; n < files.size(); ++n) {
+    QAction* action = recent_->addAction(qt(files[n]));
+    QObject::connect(action, &QAction::triggered, this, [this, n] {
+      app_.gate.run(formName, [&] { frame::mnuFilearray(app_.frame, static_cast<int>(n) + 1); });
+    });
+  }
+}
+
+void MainWindow::drawBrowsers() {
+  std::map<int, QMdiSubWindow*> kept;
+  for (const frame::OpenBrowser& open : app_.frame.browsers) {
+    const auto found = browsers_.find(open.id);
+    if (found != browsers_.end()) {
+      kept[open.id] = found->second;
+      continue;
+    }
+    QMdiSubWindow* window = area_->addSubWindow(new BrowserWindow(app_, *open.form));
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    kept[open.id] = window;
+    if (app_.frame.browsers.size() == 1)
+      window->showMaximized();
+    else
+      window->show();
+    area_->setActiveSubWindow(window);
+  }
+  for (const auto& [id, window] : browsers_)
+    if (!kept.contains(id)) {
+      area_->removeSubWindow(window->widget());
+      delete window;
+    }
+  browsers_ = std::move(kept);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!app_.gate.run(formName, [this] { frame::mnuExit(app_.frame); })) app_.desk.closeWanted = true;
+}
+
+void MainWindow::leave() {
+  if (app_.frame.unloaded && !closing_) {
+    closing_ = true;
+    keepPlace(app_.session, *this, formName);
+    hide();
+    QCoreApplication::quit();
+  } else if (std::exchange(app_.desk.closeWanted, false) && !app_.frame.unloaded) {
+    QMetaObject::invokeMethod(
+        this, [this] { close(); }, Qt::QueuedConnection);
+  }
+}
+
+}  // namespace desktop

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QMap>
+#include <map>
+#include <string>
+#include <vector>
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+
+namespace desktop {
+
+class Application;
+class BrowserWindow;
+
+/// The frame's window: menus, toolbar, project bar, the browsers as child windows, status bar.
+class MainWindow : public QMainWindow {
+ public:
+  explicit MainWindow(Application& app);
+  ~MainWindow() override;
+
+  /// The menu that a right click on an entry shows.
+  QMenu* entryMenu() { return menus_["mnuPopUpEditAddDelete"]; }
+  QMdiArea& area() { return *area_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void buildMenus();
+  QMenu* buildMenu(const std::string& name);
+  QAction* buildAction(const std::string& item);
+  void buildToolBar();
+  void buildProjectBar();
+  void draw();
+  void drawRecentFiles();
+  void drawProjectBar();
+  /// Gives every browser of the form a window and takes the others away.
+  void drawBrowsers();
+  void leave();
+
+  Application& app_;
+  int id_ = 0;
+  QMdiArea* area_ = nullptr;
+  QLabel *status_ = nullptr, *flagFrom_ = nullptr, *flagTo_ = nullptr, *languages_ = nullptr,
+         *description_ = nullptr;
+  QWidget* projectBar_ = nullptr;
+  QComboBox* dictionaries_ = nullptr;
+  QMenu* recent_ = nullptr;
+  std::vector<std::string> recentShown_;
+  std::map<std::string, QMenu*> menus_;
+  std::map<std::string, QAction*> actions_;  ///< by the item's name
+  std::map<int, QMdiSubWindow*> browsers_;   ///< by the open form's number
+  bool closing_ = false;
+};
+
+}  // namespace desktop

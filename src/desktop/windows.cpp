@@ -1,0 +1,56 @@
+#include "desktop/windows.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "base/error.h"
+#include "desktop/browse/filter_window.h"
+#include "desktop/entry/editor.h"
+#include "desktop/entry/entry_windows.h"
+#include "desktop/kit/dialog.h"
+#include "desktop/shell/choose_type.h"
+#include "desktop/shell/wizard.h"
+#include "desktop/store/backup_window.h"
+
+namespace desktop {
+namespace {
+
+struct Kind {
+  const char* formName;
+  std::unique_ptr<Dialog> (*make)(Gate&, QWidget*, platform::Form&);
+};
+
+template <class Form, std::unique_ptr<Dialog> (*make)(Gate&, QWidget*, Form&)>
+std::unique_ptr<Dialog> made(Gate& gate, QWidget* parent, platform::Form& form) {
+  return make(gate, parent, dynamic_cast<Form&>(form));
+}
+
+/// Every modal form and its window.
+constexpr Kind kinds[] = {
+    {"firstent", made<frame::firstent, makeWizard>},
+    {"frmBackup", made<store::frmBackup, makeBackup>},
+    {"frmChooseDBType", made<frame::frmChooseDBType, makeChooseType>},
+    {"frmDeleteEntries", made<entry::frmDeleteEntries, makeDeleteEntries>},
+    {"frmEintrag", made<entry::frmEintrag, makeEditor>},
+    {"frmFastEntry", made<entry::frmFastEntry, makeFastEntry>},
+    {"frmFilter", made<browse::frmFilter, makeFilter>},
+    {"frmHistory", made<entry::frmHistory, makeHistory>},
+    {"frmNewKateg", made<entry::frmNewKateg, makeNewKateg>},
+    {"frmRelink", made<entry::frmRelink, makeRelink>},
+    {"frmServices", made<entry::frmServices, makeServices>},
+};
+
+}  // namespace
+
+void showForm(Gate& gate, QWidget* parent, platform::Form& form) {
+  for (const Kind& kind : kinds) {
+    if (form.formName != kind.formName) continue;
+    const Gate::Nested nested(gate);
+    QWidget* above = QApplication::activeModalWidget();
+    kind.make(gate, above != nullptr ? above : parent, form)->run();
+    return;
+  }
+  throw base::Error(5, "The form " + form.formName + " has no window.");
+}
+
+}  // namespace desktop
