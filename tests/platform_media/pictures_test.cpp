@@ -3,12 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QImage>
 #include <cstdlib>
 #include <filesystem>
 
 #include "base/error.h"
 #include "platform/media/child_process.h"
+#include "platform/media/desktop_media.h"
 #include "platform/media/picture_files.h"
 #include "support/temp_dir.h"
 
@@ -189,6 +192,25 @@ TEST_F(PictureFiles, StopsReadersThatDoNotEnd) {
   EXPECT_TRUE(runChild({"/usr/bin/yes"}, input, {memory, 10, 1000}).stopped);
   EXPECT_NE(runChild({"/bin/false"}, input, {memory, 10, 1000}).exitCode, 0);
   EXPECT_THROW(runChild({"/no/such/program"}, input, {memory, 10, 1000}), base::Error);
+}
+
+TEST(DesktopMedia, ExchangesPicturesWithTheClipboard) {
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  int argc = 1;
+  char name[] = "test";
+  char* argv[] = {name, nullptr};
+  const QGuiApplication application(argc, argv);
+  platform::media::DesktopMedia media;
+  platform::PictureClipboard& clipboard = *media.ports().clipboard;
+  QGuiApplication::clipboard()->setText("no picture");
+  EXPECT_FALSE(clipboard.picture().has_value());
+  Picture picture = test::quarters(7, 5);
+  picture.at(1, 1) = 0x80402010;
+  clipboard.setPicture(picture);
+  const auto held = clipboard.picture();
+  ASSERT_TRUE(held.has_value());
+  EXPECT_EQ(held->width, 7);
+  EXPECT_EQ(held->argb, picture.argb);
 }
 
 }  // namespace
