@@ -127,12 +127,23 @@ void attachFilter(frmFilter& form) {
   filter.FilterIsActive = [&form] { return FilterIsActive(form); };
 }
 
-void Form_Activate(frmFilter& form) {
-  auto& s = form.session;
-  form.properties = itemsOf(s, "OrderWKategorie", "Kategorie", form.properties);
-  form.subjects = itemsOf(s, "OrderWSachgebiet", "Sachgebiet", form.subjects);
-  form.meaningLevelShown = s.project.ProjectType != 2;
+void FillOrderWKategorie(frmFilter& form) {
+  form.properties = itemsOf(form.session, "OrderWKategorie", "Kategorie", form.properties);
+}
+
+void FillOrderWSachgebiet(frmFilter& form) {
+  form.subjects = itemsOf(form.session, "OrderWSachgebiet", "Sachgebiet", form.subjects);
+}
+
+void FillFilterCombos(frmFilter& form) {
+  FillOrderWKategorie(form);
+  FillOrderWSachgebiet(form);
+  form.meaningLevelShown = form.session.project.ProjectType != 2;
   if (!form.meaningLevelShown) form.meaningLevel = false;
+}
+
+void Form_Activate(frmFilter& form) {
+  FillFilterCombos(form);
   excludeOpposites(form);
   FilterDeaktivieren(form);
   form.visible = true;

@@ -81,6 +81,11 @@ std::string ShowFilterStatus(const frmFilter& form);
 void attachFilter(frmFilter& form);
 /// Fills the lists, hides what the project has no use for, and makes the boxes consistent.
 void Form_Activate(frmFilter& form);
+/// Reads the lists of the two catalogues again; what was selected in them stays.
+void FillOrderWKategorie(frmFilter& form);
+void FillOrderWSachgebiet(frmFilter& form);
+/// Both lists, and what else depends on the open dictionary.
+void FillFilterCombos(frmFilter& form);
 /// Letter combo and content panel serve a single dictionary only.
 void FilterDeaktivieren(frmFilter& form);
 /// Puts the dialog to its defaults for another dictionary.

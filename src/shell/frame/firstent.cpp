@@ -58,12 +58,10 @@ void writeAuthor(firstent& form) {
   row.Update();
 }
 
-void addLanguages(std::vector<Language>& languages, engine::Recordset rows) {
-  for (; !rows.EndOfFile(); rows.MoveNext()) {
-    const std::string name = rows["Sprache"].textOrEmpty();
-    if (std::ranges::find(languages, name, &Language::name) == languages.end())
-      languages.push_back({name, rows["Flagge"].textOrEmpty()});
-  }
+// What an attempt that failed has left behind.
+void emptyTables(engine::Database& db) {
+  for (const char* table : {"Sprache", "StandardReports", "Autor"})
+    db.Execute(std::string("delete * from ") + table + ";");
 }
 
 }  // namespace
@@ -99,22 +97,24 @@ void SelectCountry(firstent& form) {
   s.files.Workspace->Idle();  // a file can not be attached amid gathered writes
   engine::Database system =
       s.files.Workspace->OpenDatabase(s.files.paths.real(s.folders.SystemDBPath).string(), false, true);
-  addLanguages(form.languages,
-               system.OpenRecordset(form.german ? "select * from standardsprachen order by sprache"
-                                                : "select * from standardsprachenenglisch order by sprache"));
-  addLanguages(form.languages, s.files.CurrentDB.OpenRecordset("select * from Sprachen order by sprache"));
+  appendLanguages(
+      form.languages,
+      system.OpenRecordset(form.german ? "select * from standardsprachen order by sprache"
+                                       : "select * from standardsprachenenglisch order by sprache"));
+  appendOwnLanguages(s, form.languages);
 }
 
 void addLanguage(firstent& form) {
-  session::Session& s = form.session;
-  const std::string name = base::trim(
-      s.desk.boxes.input(session::dialogText(s, dialog::new_language_prompt), session::boxTitle(s)));
-  if (name.empty()) return;
-  engine::Recordset rows = s.files.CurrentDB.OpenRecordset("Sprachen");
-  rows.AddNew();
-  rows.set("Sprache", name);
-  rows.Update();
-  SelectCountry(form);
+  if (askForNewLanguage(form.session)) SelectCountry(form);
+}
+
+std::string sortOrderLabel(const firstent& form) {
+  if (form.sortOrder.empty()) return {};
+  const session::Session& s = form.session;
+  return session::labelText(s, label::wizard_sort_order) + " " +
+         session::labelText(
+             s, form.hasLanguages ? label::wizard_sort_for_source : label::wizard_sort_for_project) +
+         ": " + form.sortOrder;
 }
 
 bool finish(firstent& form) {
@@ -130,6 +130,7 @@ bool finish(firstent& form) {
   settings.rightToLeftFrom = form.rightToLeftFrom;
   settings.rightToLeftTo = form.rightToLeftTo;
   settings.dateFormat = wizardDateFormat;
+  emptyTables(s.files.CurrentDB);
   store::writeSettingsRow(s, settings);
   store::ImportStandardReports(s);
   writeAuthor(form);

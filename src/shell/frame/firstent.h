@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/desk.h"
+#include "shell/frame/languages.h"
 #include "shell/session/session.h"
 
 /// The dialogs that a new dictionary begins with.
@@ -17,10 +18,6 @@ struct frmChooseDBType : platform::Form {
 /// Panel 0 an encyclopaedia or link collection, 1 a dictionary, 2 a blog. Throws Error 5 for another.
 void choosePanel(frmChooseDBType& form, int panel);
 void cancel(frmChooseDBType& form);
-
-struct Language {
-  std::string name, flag;
-};
 
 /// The wizard that fills the settings of a new dictionary.
 struct firstent : platform::Form {
@@ -47,12 +44,14 @@ inline constexpr const char* wizardDateFormat = "d. mmmm yyyy, hh:mm:ss (dddd)";
 void Form_Load(firstent& form);
 /// Whether the desktop has a font of exactly this name.
 bool SystemFontExists(session::Session& s, const std::string& name);
+/// The chosen sort order behind what it is for (Label4); empty while none is chosen.
+std::string sortOrderLabel(const firstent& form);
 /// Fills the languages: the standard ones in the catalogues' language, and those added.
 void SelectCountry(firstent& form);
 /// Asks for the name of a language and adds it.
 void addLanguage(firstent& form);
 /// Writes the settings of the new dictionary and unloads the wizard. A missing choice is told and keeps
-/// the wizard open: false then.
+/// the wizard open: false then. It may be tried again after a failure.
 bool finish(firstent& form);
 /// After a yes, takes the new dictionary away again and unloads the wizard.
 void cancel(firstent& form);
