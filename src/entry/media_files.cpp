@@ -79,6 +79,15 @@ void storeMediaName(session::Session& s, const std::string& column, const std::o
   s.files.CurrentDB.Execute(sql);
 }
 
+void removeMediaFile(session::Session& s, const std::string& name) {
+  if (base::trim(name).empty() || base::fileName(name) != name) return;
+  const std::string path = mediaPath(s, name);
+  std::error_code failed;
+  if (std::filesystem::remove(path, failed)) return;
+  const auto missing = std::make_error_code(std::errc::no_such_file_or_directory);
+  throw worded(s, session::fileError(failed ? failed : missing, path), FileUse::read, path);
+}
+
 base::Error worded(const session::Session& s, const base::Error& error, FileUse use,
                    const std::string& path) {
   const int number = error.number();

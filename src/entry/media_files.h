@@ -38,6 +38,9 @@ void requireWritable(const session::Session& s);
 void storeMediaName(session::Session& s, const std::string& column, const std::optional<std::string>& name,
                     std::int64_t id);
 
+/// Deletes a stored file; a name that leads out of the media folder is left alone. Throws as worded.
+void removeMediaFile(session::Session& s, const std::string& name);
+
 enum class FileUse { read, written };
 /// A failure on a media file in the user's language.
 base::Error worded(const session::Session& s, const base::Error& error, FileUse use, const std::string& path);

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <functional>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "base/text.h"
@@ -177,15 +175,7 @@ bool DeletePicture(frmEintrag& form) {
     session::commitGathered(s);
     form.record.Bild.clear();
     clearPicture(form);
-    // A name that leads elsewhere is no file of the media folder.
-    if (base::fileName(name) != name) return true;
-    return attempt(form, [&] {
-      const std::string path = mediaPath(s, name);
-      std::error_code failed;
-      if (std::filesystem::remove(path, failed)) return;
-      const auto missing = std::make_error_code(std::errc::no_such_file_or_directory);
-      throw worded(s, session::fileError(failed ? failed : missing, path), FileUse::read, path);
-    });
+    return attempt(form, [&] { removeMediaFile(s, name); });
   });
 }
 

@@ -4,8 +4,10 @@
 #include "catalogue/keys.h"
 #include "entry/attempt.h"
 #include "entry/frmEintrag.h"
+#include "entry/media_files.h"
 #include "entry/search_text.h"
 #include "entry/sort_term.h"
+#include "entry/sound.h"
 #include "entry/visit.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
@@ -145,9 +147,14 @@ bool isOnlyRow(frmEintrag& form, std::int64_t id) {
   return true;
 }
 
+// With the files that were made for it: nothing names them any more.
 void deleteStub(frmEintrag& form) {
-  form.session.files.CurrentDB.Execute("delete * from Woerterbuch where id_woerterbuch = " +
-                                       std::to_string(form.session.entry.CurrentEntryId));
+  session::Session& s = form.session;
+  s.files.CurrentDB.Execute("delete * from Woerterbuch where id_woerterbuch = " +
+                            std::to_string(s.entry.CurrentEntryId));
+  dropRecording(form);
+  for (const std::string& name : {form.record.Bild, form.record.Klang})
+    attempt(form, [&] { removeMediaFile(s, name); });
 }
 
 // True when the stub is gone.

@@ -175,6 +175,15 @@ TEST_F(Pictures, AreDeletedWithTheirFile) {
   EXPECT_EQ(row("Bild"), "NULL");
 }
 
+TEST_F(Pictures, GoWithAStubThatIsGivenUp) {
+  visit(1);
+  ASSERT_TRUE(open(source("good.png")));
+  EXPECT_EQ(files(), 1U);
+  script.answer(platform::box::answerNo);
+  ASSERT_TRUE(entry::Command7(form));
+  EXPECT_EQ(files(), 0U);
+}
+
 TEST_F(Pictures, ThatAreGoneAreToldOnceAndKeepTheirName) {
   ASSERT_TRUE(open(source("good.png")));
   std::filesystem::remove(media + file(".png"));
