@@ -72,6 +72,7 @@ int runDeleteByDate(Application& app, const std::vector<std::string>& words);
 int runList(Application& app, const std::vector<std::string>& words);
 int runFilter(Application& app, const std::vector<std::string>& words);
 int runPage(Application& app, const std::vector<std::string>& words);
+int runSearch(Application& app, const std::vector<std::string>& words);
 int runSql(Application& app, const std::vector<std::string>& words);
 int runQueries(Application& app, const std::vector<std::string>& words);
 int runImportText(Application& app, const std::vector<std::string>& words);

@@ -1,12 +1,70 @@
 // page, search, lookup, tree, view: commands that find and show entries.
 
+#include <algorithm>
+#include <array>
 #include <iostream>
+#include <set>
 
+#include "base/text.h"
+#include "browse/frmSearch.h"
 #include "browse/page_html.h"
 #include "cli/application.h"
 #include "cli/editing.h"
 
 namespace cli {
+
+namespace {
+
+/// A line an entry: number, headword and file.
+void printEntry(std::int64_t id, const std::string& headword, const std::string& file) {
+  std::cout << id << '\t' << headword << '\t' << file << '\n';
+}
+
+void printRow(browse::ResultGrid& grid, std::int64_t row) {
+  printEntry(browse::gridNumber(grid, row, "id_woerterbuch"), browse::gridField(grid, row, "begriff"),
+             browse::gridField(grid, row, "databasename"));
+}
+
+/// The options of the search dialog by name; 0 where a kind of project has no such option.
+struct ScopeName {
+  const char* name;
+  int inDictionary, inLinkCollection;
+};
+constexpr std::array scopeNames = {
+    ScopeName{"term", 1, 1},        ScopeName{"meaning", 2, 0},      ScopeName{"example", 3, 0},
+    ScopeName{"translation", 4, 0}, ScopeName{"note", 5, 5},         ScopeName{"text", 6, 6},
+    ScopeName{"link-name", 0, 2},   ScopeName{"link-address", 0, 3}, ScopeName{"link-note", 0, 4}};
+constexpr std::array<const char*, 3> matchNames{"exact", "contains", "begins"};
+
+const ScopeName& scopeNamed(const std::string& name) {
+  const auto* found = std::ranges::find_if(scopeNames, [&](const ScopeName& s) { return name == s.name; });
+  if (found == scopeNames.end()) throw UsageError{"--scope does not know " + name + "."};
+  return *found;
+}
+
+browse::Match matchNamed(const std::string& name) {
+  const auto* found = std::ranges::find_if(matchNames, [&](const char* m) { return name == m; });
+  if (found == matchNames.end()) throw UsageError{"--mode does not know " + name + "."};
+  return static_cast<browse::Match>(found - matchNames.begin());
+}
+
+/// The owners of all hits, each once, in the order of the hits.
+void printOwners(browse::frmSearch& dialog) {
+  std::set<std::string> texts;
+  std::set<std::pair<std::int64_t, std::string>> printed;
+  for (std::int64_t hit = 0; hit < browse::gridRows(dialog.hits); ++hit) {
+    if (!texts.insert(browse::gridCell(dialog.hits, hit, 0)).second) continue;
+    required(browse::selectHit(dialog, hit));
+    for (std::int64_t row = 0; row < browse::gridRows(dialog.owners); ++row)
+      if (printed
+              .emplace(browse::gridNumber(dialog.owners, row, "id_woerterbuch"),
+                       browse::gridField(dialog.owners, row, "databasename"))
+              .second)
+        printRow(dialog.owners, row);
+  }
+}
+
+}  // namespace
 
 int runPage(Application& app, const std::vector<std::string>& words) {
   const std::int64_t id = entryNumber(words[1]);
@@ -15,6 +73,28 @@ int runPage(Application& app, const std::vector<std::string>& words) {
     select(app, id);
     const auto entry = browse::ReadFromDB_Woerterbuch(session, id);
     std::cout << browse::WriteHTMLFile(session, entry, browse::readDisplaySettings(session)) << '\n';
+    return true;
+  });
+}
+
+int runSearch(Application& app, const std::vector<std::string>& words) {
+  const ScopeName& scope = scopeNamed(app.arguments.value("--scope").value_or("text"));
+  const auto mode = matchNamed(app.arguments.value("--mode").value_or("contains"));
+  return withDictionary(app, words[0], [&] {
+    browse::frmSearch dialog(app.session, browse::SearchMode::full);
+    if (!browse::Form_Load(dialog)) return false;
+    const bool links = app.session.project.ProjectType == 2;
+    const int option = links ? scope.inLinkCollection : scope.inDictionary;
+    if (option == 0)
+      failed(std::string(links ? "A link collection" : "A dictionary") + " has no scope " + scope.name + ".");
+    browse::setOption(dialog, option);
+    dialog.match = mode;
+    browse::TextBox1_Change(dialog, words[1]);
+    if (!browse::runSearch(dialog)) return false;
+    if (option >= 2 && option <= 4)
+      printOwners(dialog);
+    else
+      for (std::int64_t row = 0; row < browse::gridRows(dialog.hits); ++row) printRow(dialog.hits, row);
     return true;
   });
 }
