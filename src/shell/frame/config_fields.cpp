@@ -93,7 +93,7 @@ std::size_t configField(std::string_view name) {
   const auto found = std::ranges::find_if(
       fields, [&](const ConfigField& field) { return base::equalsIgnoreCase(field.name, name); });
   if (found == fields.end())
-    throw base::Error(engine::errors::itemNotFound, "There is no setting \"" + std::string(name) + "\".");
+    throw base::Error(engine::errors::invalidArgument, "There is no setting \"" + std::string(name) + "\".");
   return static_cast<std::size_t>(found - fields.begin());
 }
 

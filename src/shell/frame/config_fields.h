@@ -31,7 +31,7 @@ struct ConfigField {
 
 /// All fields in the order in which they are written.
 const std::vector<ConfigField>& configFields();
-/// The place of a field in that table by its name, told without regard to case; throws 3265 naming it.
+/// The place of a field in that table by its name, told without regard to case; throws 5 naming it.
 std::size_t configField(std::string_view name);
 
 /// The kinds of text of the printed page, each the prefix of six columns of `Druckschriften`.

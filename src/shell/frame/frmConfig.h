@@ -69,7 +69,7 @@ void chooseOption(frmConfig& form, std::string_view field);
 
 /// A field's content as text, a truth as "yes" or "no".
 std::string fieldText(const frmConfig& form, std::string_view field);
-/// Sets a field from such a text. Throws 3265 for an unknown field, and 5 or 13 where the text is nothing
+/// Sets a field from such a text. Throws 5 for an unknown field, 5 or 13 where the text is nothing
 /// that the field could show: no truth, language or sort order, or an option turned off.
 void setFieldText(frmConfig& form, std::string_view field, const std::string& text);
 
