@@ -1,7 +1,6 @@
 #include "desktop/kit/gate.h"
 
 #include <utility>
-#include <vector>
 
 #include "shell/session/errors.h"
 
@@ -31,13 +30,11 @@ void Gate::removeWindow(int id) {
 void Gate::draw() {
   if (drawing_) return;
   drawing_ = true;
-  // Drawing may open and close windows, so the list is walked by number.
-  std::vector<int> ids;
-  for (const auto& [id, window] : windows_) ids.push_back(id);
-  for (const int id : ids) {
-    const auto found = windows_.find(id);
-    if (found == windows_.end()) continue;
-    const Window window = found->second;
+  // Drawing may open and close windows, so the list is walked by number; one opened meanwhile comes last.
+  int id = 0;
+  for (auto each = windows_.begin(); each != windows_.end(); each = windows_.upper_bound(id)) {
+    id = each->first;
+    const Window window = each->second;
     session::guard(session_, window.formName, [&] { window.draw(); });
   }
   drawing_ = false;

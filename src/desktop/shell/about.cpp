@@ -12,7 +12,7 @@ void showAbout(Gate& gate, QWidget* parent) {
   Dialog dialog(gate, parent, "frmAbout", label::about_title);
   Face& face = dialog.face;
   auto* logo = new QLabel(&dialog);
-  logo->setPixmap(QPixmap(qt(session::shippedPath(face.session(), "images/VC_logo.jpg"))));
+  logo->setPixmap(QPixmap(qt(session::shippedPath(face.session(), "Images/VC_logo.jpg"))));
   logo->setAccessibleName("Vocarium");
   auto* text = new QLabel(face.caption(label::about_text), &dialog);
   text->setWordWrap(true);

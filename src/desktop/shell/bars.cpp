@@ -84,6 +84,7 @@ void MainWindow::buildProjectBar() {
   row->addWidget(flagTo_);
   row->addSpacing(12);
   row->addWidget(description_, 1);
+  projectBar_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
   bar->addWidget(projectBar_);
   addToolBarBreak();
   addToolBar(bar);
@@ -102,6 +103,7 @@ void MainWindow::drawProjectBar() {
   dictionaries_->clear();
   dictionaries_->addItems(names);
   dictionaries_->setCurrentIndex(files.selectedDictionary);
+  dictionaries_->setEnabled(names.size() > 1);
   languages_->setText(bar.from.empty() ? QString()
                                        : qt(bar.from) + (bar.to.empty() ? QString() : " → " + qt(bar.to)));
   description_->setText(qt(bar.description));

@@ -171,7 +171,7 @@ void MainWindow::drawBrowsers() {
   }
   for (const auto& [id, window] : browsers_)
     if (!kept.contains(id)) {
-      area_->removeSubWindow(window->widget());
+      area_->removeSubWindow(window);
       delete window;
     }
   browsers_ = std::move(kept);

@@ -20,7 +20,7 @@ constexpr int below = 50, right = 150;  // of the copyright line, from the pictu
 
 Splash::Splash(Application& app)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
-      picture_(qt(session::shippedPath(app.session, "images/VC_logo.jpg"))),
+      picture_(qt(session::shippedPath(app.session, "Images/VC_logo.jpg"))),
       subtitle_(qt(session::labelText(app.session, label::splash_subtitle))),
       copyright_("© 2026 Vocarium") {
   setObjectName("frmStart");
