@@ -186,14 +186,21 @@ void FillEigenschaftSachgebietList(frmEintrag& form, std::int64_t lWortID) {
   form.List6 = namesIn(form.Data9, "Sachgebiet");
 }
 
-void ClearLists(frmEintrag& form) {
-  for (engine::Recordset* rows : {&form.Data13, &form.Data9, &form.Data8, &form.Data5}) {
+void clearMeaningLists(frmEintrag& form) {
+  for (engine::Recordset* rows : {&form.Data8, &form.Data5}) {
     if (rows->isOpen()) rows->Close();
   }
   form.List5.clear();
-  form.List6.clear();
   form.lWortbedeutungID = 0;
   form.meaningPropertiesLabel.clear();
+}
+
+void ClearLists(frmEintrag& form) {
+  for (engine::Recordset* rows : {&form.Data13, &form.Data9}) {
+    if (rows->isOpen()) rows->Close();
+  }
+  form.List6.clear();
+  clearMeaningLists(form);
 }
 
 bool selectMeaningForProperties(frmEintrag& form, std::size_t row) {

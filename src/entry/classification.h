@@ -35,6 +35,8 @@ bool setPropertyValue(frmEintrag& form, const std::string& name, const std::stri
 void AttribSubjectRefill(frmEintrag& form);
 void FillEigenschaftSachgebietList(frmEintrag& form, std::int64_t lWortID);
 void ClearLists(frmEintrag& form);
+/// No meaning is selected for its properties any more.
+void clearMeaningLists(frmEintrag& form);
 /// Gives a new entry the catalogue's items that are marked for every new entry.
 void EigenschaftenSachgebieteAutomatischAnBegriff(frmEintrag& form, std::int64_t lWortID);
 /// Gives a new meaning the items that are marked for every new meaning, where it lacks them.

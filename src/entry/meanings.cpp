@@ -6,6 +6,7 @@
 #include "entry/search_text.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
+#include "shell/session/routines.h"
 #include "shell/session/texts.h"
 #include "store/flat.h"
 
@@ -102,8 +103,8 @@ void meaningBoxChanged(frmEintrag& form, const std::string& text) {
   if (start.empty()) {
     SetADODC3(form);
   } else {
-    form.Adodc3 = "Select distinct * from Wortbedeutung where wortbedeutung like '" + start +
-                  "%' order by wortbedeutung;";
+    form.Adodc3 = "Select distinct * from Wortbedeutung where wortbedeutung like '" +
+                  session::escapedSQLText(start) + "%' order by wortbedeutung;";
   }
 }
 
@@ -140,6 +141,10 @@ bool editMeaning(frmEintrag& form, std::size_t row, const std::string& text) {
     form.Adodc2.Update();
     if (deletes) form.Adodc2.Delete();
     SetADODC2(form, s.entry.CurrentEntryId);
+    if (id == form.lWortbedeutungID) {
+      if (deletes) clearMeaningLists(form);
+      form.meaningPropertiesLabel = text;
+    }
     if (id != form.SelectedMeaningId) return;
     form.selectedMeaningLabel = text;
     if (deletes) clearMeaningSelection(form);

@@ -54,6 +54,44 @@ TEST_F(EntryTest, TheListOfAllMeaningsNarrowsWhileTyping) {
   EXPECT_EQ(dictionaryMeanings(form, 9).size(), 5U);
 }
 
+TEST_F(EntryTest, TypingAnApostropheNarrowsTheListLikeAnyOtherCharacter) {
+  visit(3, addMain("Wasser"));
+  for (const char* text : {"l'eau", "l\"or", "lac"}) addMeaningText(text);
+  meaningBoxChanged(form, "l'");
+  EXPECT_EQ(dictionaryMeanings(form, 9), Texts{"l'eau"});
+  meaningBoxChanged(form, "l\"");
+  EXPECT_EQ(dictionaryMeanings(form, 9), Texts{"l\"or"});
+  EXPECT_FALSE(s.shell.failed);
+}
+
+TEST_F(EntryTest, APropertyNeverReachesTheMeaningOfAnEntryThatWasLeft) {
+  insert("insert into WKategorie (Kategorie) values ('Nomen')");
+  insert("insert into WSachgebiet (Sachgebiet) values ('Bau')");
+  visit(3, addMain("Haus"));
+  addMeaningText("house");
+  ASSERT_TRUE(Command1(form, 2));
+  visit(3, addMain("Zaun"));
+  addMeaningText("fence");
+  const auto select = [&] {
+    ASSERT_TRUE(selectTab(form, Tab::meaningProperties) && selectMeaningForProperties(form, 0));
+    ASSERT_EQ(form.meaningPropertiesLabel, "fence");
+  };
+  select();
+  ASSERT_TRUE(addSubject(form, "Bau", Owner::meaning));
+  ASSERT_TRUE(moveNavigator(form, Step::first));
+  EXPECT_EQ(form.record.Begriff, "Haus");
+  EXPECT_TRUE(form.List5.empty() && propertyRows(form, Owner::meaning).empty());
+  EXPECT_FALSE(addProperty(form, "Nomen", Owner::meaning)) << "no meaning of this entry is selected";
+  ASSERT_TRUE(moveNavigator(form, Step::last));
+  select();
+  EXPECT_EQ(form.List5, Texts{"Bau"});
+  script.answer(answerYes);
+  ASSERT_TRUE(editMeaning(form, 0, ""));
+  EXPECT_TRUE(form.List5.empty());
+  EXPECT_FALSE(addProperty(form, "Nomen", Owner::meaning)) << "the meaning is gone";
+  EXPECT_EQ(rows("select count(*) from relWortbedWKat"), "0");
+}
+
 TEST_F(EntryTest, ExamplesHangOnTheSelectedMeaning) {
   const std::int64_t id = addMain("Haus");
   visit(3, id);
