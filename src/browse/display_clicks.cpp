@@ -7,9 +7,8 @@
 #include "browse/display.h"
 #include "browse/frmWoerter.h"
 #include "browse/values.h"
+#include "entry/start_browser.h"
 #include "shell/session/errors.h"
-#include "shell/session/routines.h"
-#include "store/files.h"
 
 namespace browse {
 
@@ -21,14 +20,6 @@ constexpr std::array<const char*, 5> addressStarts{"ftp", "goph", "www", "http",
 bool isAddress(const std::string& url) {
   const std::string start = base::lower(base::left(base::trim(url), 4));
   return std::ranges::any_of(addressStarts, [&](const char* each) { return start.starts_with(each); });
-}
-
-/// The full address of an attached file: a bare name lies in the dictionary's media folder.
-std::string attachmentAddress(const session::Session& s, const std::string& file) {
-  const bool bare = file.find_first_of("/\\") == std::string::npos;
-  const std::string path = bare ? (store::mediaFolder(s, s.files.CurrentDBPath) / file).string()
-                                : s.files.paths.real(base::replaceAll(file, "\\", "/")).string();
-  return session::BuildFileURL(path);
 }
 
 }  // namespace
@@ -53,15 +44,14 @@ bool MSHFlexGridURL_Click(frmWoerter& form, std::size_t row) {
   session::Session& s = form.session;
   const auto& links = form.display.aggregate.links;
   if (row >= links.size() || !isAddress(links[row].URL)) return true;
-  return session::guard(s, formName, [&] { s.desk.outside.open(base::trim(links[row].URL)); });
+  return entry::UserControl_Click(s, formName, entry::Opens::link, links[row].URL);
 }
 
 bool dbGridAttachment_DblClick(frmWoerter& form, std::size_t row) {
   session::Session& s = form.session;
   const auto& files = form.display.aggregate.attachments;
   if (row >= files.size() || files[row].Attachment.empty()) return true;
-  return session::guard(s, formName,
-                        [&] { s.desk.outside.open(attachmentAddress(s, files[row].Attachment)); });
+  return entry::UserControl_Click(s, formName, entry::Opens::attachment, files[row].Attachment);
 }
 
 }  // namespace browse

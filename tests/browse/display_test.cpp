@@ -259,17 +259,19 @@ TEST_F(Display, OpensAddressesAndAttachedFiles) {
                                          "file:///e",   "mailto:f", "c.de"};
   for (std::size_t n = 0; n < urls.size(); ++n) addLink(house, std::to_string(n), urls[n], "", 0);
   addRow("Attachment", {{"ID_Woerterbuch", house}, {"AttachmentName", "1"}, {"Attachment", "mein plan.pdf"}});
-  addRow("Attachment",
-         {{"ID_Woerterbuch", house}, {"AttachmentName", "2"}, {"Attachment", "/anderswo/b.txt"}});
+  const std::string elsewhere = t.home.write("anderswo/b.txt", "b");
+  addRow("Attachment", {{"ID_Woerterbuch", house}, {"AttachmentName", "2"}, {"Attachment", elsewhere}});
   showEntry(house);
+  t.home.write("Wörter/mein plan.pdf", "plan");
   for (std::size_t n = 0; n <= urls.size(); ++n) EXPECT_TRUE(browse::MSHFlexGridURL_Click(form, n));
-  EXPECT_EQ(t.script.opened, (std::vector<std::string>(urls.begin(), urls.begin() + 5)));
+  EXPECT_EQ(t.script.opened, (std::vector<std::string>{"HTTP://a.de", "http://www.b.de", "ftp.c.de",
+                                                       "gopher://d", "file:///e"}));
   t.script.opened.clear();
   for (std::size_t n = 0; n < 3; ++n) EXPECT_TRUE(browse::dbGridAttachment_DblClick(form, n));
   ASSERT_EQ(t.script.opened.size(), 2U);
-  EXPECT_TRUE(t.script.opened[0].starts_with("file:///")) << t.script.opened[0];
+  EXPECT_TRUE(t.script.opened[0].starts_with("FILE:///")) << t.script.opened[0];
   EXPECT_TRUE(t.script.opened[0].ends_with("/Wörter/mein%20plan.pdf")) << t.script.opened[0];
-  EXPECT_EQ(t.script.opened[1], "file:///anderswo/b.txt");
+  EXPECT_EQ(t.script.opened[1], "FILE://" + elsewhere);
 }
 
 }  // namespace
