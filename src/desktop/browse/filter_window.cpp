@@ -107,6 +107,10 @@ QComboBox& numberCombo(Dialog& dialog, frmFilter& form, const char* objectName, 
   return *box;
 }
 
+const std::string& allLetters(Dialog& dialog) {
+  return session::labelText(dialog.face.session(), label::all_letters);
+}
+
 QWidget* listBox(Dialog& dialog, frmFilter& form) {
   Face& face = dialog.face;
   auto* box = new QWidget(&dialog);
@@ -115,12 +119,13 @@ QWidget* listBox(Dialog& dialog, frmFilter& form) {
   QComboBox& letter = face.combo(
       "LetterCombo", label::filter_letter,
       [&dialog] {
-        std::vector<std::string> letters{""};
+        std::vector<std::string> letters{allLetters(dialog)};
         auto rows = dialog.face.session().files.CurrentDB.OpenRecordset("Buchstaben");
         for (; !rows.EndOfFile(); rows.MoveNext()) letters.push_back(rows["FilterBuchstabe1"].textOrEmpty());
         return letters;
       },
-      [&form] { return form.letter; }, [&form](const std::string& text) { form.letter = text; });
+      [&form, &dialog] { return form.letter.empty() ? allLetters(dialog) : form.letter; },
+      [&form, &dialog](const std::string& text) { form.letter = text == allLetters(dialog) ? "" : text; });
   face.onDraw([&form, &letter] { letter.setEnabled(form.letterEnabled); });
   row->addLayout(face.labelled(label::filter_letter, letter));
   row->addLayout(face.labelled(label::filter_page_size,

@@ -99,7 +99,8 @@ std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, frmFastEntry&
     if (!box->hasFocus()) box->setFocus();
   });
   auto* column = new QVBoxLayout(shown);
-  column->addLayout(grid, 1);
+  column->addLayout(grid);
+  column->addStretch(1);
   column->addWidget(&face.check("Check1", label::fast_entry_check, form.Check1));
   column->addLayout(
       shown->buttonRow({&status}, {&face.button("Command3", label::save, [&form] { entry::Command3(form); }),

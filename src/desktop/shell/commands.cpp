@@ -1,5 +1,6 @@
 #include "desktop/shell/commands.h"
 
+#include "entry/start_browser.h"
 #include "shell/session/routines.h"
 
 namespace desktop {
@@ -16,6 +17,10 @@ bool help(frame::frmMDI& form) {
 }
 bool newBrowser(frame::frmMDI& form) {
   return frame::ShowWordInstance(form) != nullptr;
+}
+
+bool webSite(frame::frmMDI& form) {
+  return entry::UserControl_Click(form.session, "frmMDI", entry::Opens::webSite);
 }
 
 constexpr Command commands[] = {
@@ -55,6 +60,7 @@ constexpr Command commands[] = {
     {"mnuNewBrowser", newBrowser},
     {"mnuHTMLHelp", help},
     {"mnuHelpContent", help},
+    {"mnuVocariumImWWW", webSite},
 };
 
 }  // namespace

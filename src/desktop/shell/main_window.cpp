@@ -13,6 +13,7 @@
 #include "desktop/application.h"
 #include "desktop/browse/browser_window.h"
 #include "desktop/kit/dialog.h"
+#include "desktop/kit/icon.h"
 #include "desktop/kit/text.h"
 #include "desktop/shell/about.h"
 #include "desktop/shell/commands.h"
@@ -27,9 +28,10 @@ const std::set<std::string> windowItems = {"mnuCascade", "mnuTile", "mnuTileVert
 
 }  // namespace
 
-MainWindow::MainWindow(Application& app) : app_(app) {
+MainWindow::MainWindow(Application& app) : app_(app), commanded_(windowItems) {
   setObjectName(formName);
   setWindowTitle("Vocarium");
+  setWindowIcon(icon(app_.session, "vocarium"));
   area_ = new QMdiArea(this);
   area_->setViewMode(QMdiArea::SubWindowView);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -119,6 +121,7 @@ QAction* MainWindow::buildAction(const std::string& item) {
     QObject::connect(action, &QAction::triggered, this,
                      [this] { app_.gate.run(formName, [this] { showAbout(app_.gate, this); }); });
   } else if (const auto command = commandOf(item)) {
+    commanded_.insert(item);
     QObject::connect(action, &QAction::triggered, this,
                      [this, command] { app_.gate.run(formName, [&] { command(app_.frame); }); });
   }
@@ -129,9 +132,8 @@ void MainWindow::draw() {
   for (const frame::MenuItem& item : app_.frame.menu) {
     const auto found = actions_.find(item.name);
     if (found == actions_.end()) continue;
-    const bool has = found->second->menu() != nullptr || item.name == "mnuCascade" ||
-                     item.name == "mnuTile" || item.name == "mnuTileVertical" || commandOf(item.name);
-    found->second->setEnabled(has && frame::isEnabled(app_.session, item));
+    const bool does = found->second->menu() != nullptr || commanded_.contains(item.name);
+    found->second->setEnabled(does && frame::isEnabled(app_.session, item));
   }
   status_->setText(status_->text().isEmpty() ? qt(app_.session.shell.StatusText) : status_->text());
   drawRecentFiles();
@@ -153,6 +155,9 @@ void MainWindow::drawRecentFiles() {
 }
 
 void MainWindow::drawBrowsers() {
+  for (std::size_t n = app_.frame.browsers.size(); n-- > 0;)
+    if (const auto* form = app_.frame.browsers[n].form.get(); form->closed)
+      frame::closeBrowser(app_.frame, form);
   std::map<int, QMdiSubWindow*> kept;
   for (const frame::OpenBrowser& open : app_.frame.browsers) {
     const auto found = browsers_.find(open.id);

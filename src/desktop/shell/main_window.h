@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QMap>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,7 @@ class MainWindow : public QMainWindow {
   std::vector<std::string> recentShown_;
   std::map<std::string, QMenu*> menus_;
   std::map<std::string, QAction*> actions_;  ///< by the item's name
+  std::set<std::string> commanded_;          ///< items that do something
   std::map<int, QMdiSubWindow*> browsers_;   ///< by the open form's number
   bool closing_ = false;
 };

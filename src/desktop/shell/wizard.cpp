@@ -42,31 +42,6 @@ QWidget* languagePage(Wizard& wizard) {
   return page(wizard, column);
 }
 
-QWidget* descriptionPage(Wizard& wizard) {
-  Face& face = wizard.face;
-  firstent& form = wizard.form;
-  auto* column = new QVBoxLayout;
-  column->addLayout(face.labelled(label::wizard_description,
-                                  face.line("Description", label::wizard_description, form.description)));
-  auto* language = new QGroupBox(face.caption(label::wizard_catalogue_language), &wizard.dialog);
-  auto* choices = new QHBoxLayout(language);
-  const auto choose = [&form](bool german) {
-    form.german = german;
-    frame::SelectCountry(form);
-  };
-  choices->addWidget(&face.radio(
-      "CatalogueGerman", label::wizard_german, [&form] { return form.german; }, [choose] { choose(true); }));
-  choices->addWidget(&face.radio(
-      "CatalogueEnglish", label::wizard_english, [&form] { return !form.german; },
-      [choose] { choose(false); }));
-  choices->addStretch(1);
-  column->addWidget(language);
-  QLabel& sample = face.shown("DateSample", [&form] { return form.dateSample; });
-  column->addWidget(&sample);
-  column->addStretch(1);
-  return page(wizard, column);
-}
-
 int indexOf(const std::vector<std::string>& items, const std::string& item) {
   for (std::size_t n = 0; n < items.size(); ++n)
     if (items[n] == item) return static_cast<int>(n);
@@ -91,10 +66,30 @@ QLayout* choice(Wizard& wizard, const char* objectName, int caption, const std::
   return column;
 }
 
-QWidget* sortPage(Wizard& wizard) {
+QWidget* descriptionPage(Wizard& wizard) {
+  Face& face = wizard.face;
+  firstent& form = wizard.form;
   auto* column = new QVBoxLayout;
-  column->addLayout(
-      choice(wizard, "List1", label::wizard_sort_order, wizard.form.sortOrders, wizard.form.sortOrder));
+  column->addLayout(face.labelled(label::wizard_description,
+                                  face.line("Description", label::wizard_description, form.description)));
+  auto* language = new QGroupBox(face.caption(label::wizard_catalogue_language), &wizard.dialog);
+  auto* choices = new QHBoxLayout(language);
+  const auto choose = [&form](bool german) {
+    form.german = german;
+    frame::SelectCountry(form);
+  };
+  choices->addWidget(&face.radio(
+      "CatalogueGerman", label::wizard_german, [&form] { return form.german; }, [choose] { choose(true); }));
+  choices->addWidget(&face.radio(
+      "CatalogueEnglish", label::wizard_english, [&form] { return !form.german; },
+      [choose] { choose(false); }));
+  choices->addStretch(1);
+  column->addWidget(language);
+  column->addLayout(choice(wizard, "List1", label::wizard_sort_order, form.sortOrders, form.sortOrder), 1);
+  QLabel& sample = face.shown("DateSample", [&form, &face] {
+    return session::labelText(face.session(), label::config_date_format) + ": " + form.dateSample;
+  });
+  column->addWidget(&sample);
   return page(wizard, column);
 }
 
@@ -154,7 +149,6 @@ std::unique_ptr<Dialog> makeWizard(Gate& gate, QWidget* parent, firstent& form) 
   tabs->setObjectName("SSTab1");
   if (form.hasLanguages) tabs->addTab(languagePage(wizard), dialog->face.caption(label::wizard_languages));
   tabs->addTab(descriptionPage(wizard), dialog->face.caption(label::wizard_description));
-  tabs->addTab(sortPage(wizard), dialog->face.caption(label::wizard_sort_order));
   tabs->addTab(fontPage(wizard), dialog->face.caption(label::wizard_fonts));
   tabs->addTab(authorPage(wizard), dialog->face.caption(label::wizard_author));
   auto* buttons = new QHBoxLayout;
