@@ -44,7 +44,7 @@ void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, ses
   auto scratch = database.queryDef("SQLTemp");
   scratch.setSQL(store::BuildMultiSQL(s, std::string(sql), view));
   grid.rows =
-      database.OpenRecordset(scratch.SQL(), engine::RecordsetKind::snapshot, {}, engine::Interface::second);
+      database.OpenRecordset(scratch.SQL(), engine::RecordsetKind::dynaset, {}, engine::Interface::second);
 }
 
 std::int64_t gridRows(const ResultGrid& grid) {
