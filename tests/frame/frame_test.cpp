@@ -6,8 +6,10 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
+#include "entry/frmDeleteEintragEigenschaftSach.h"
 #include "entry/frmEintrag.h"
 #include "shell/frame/firstent.h"
+#include "shell/frame/frmConfig.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/settings.h"
 #include "store/frmBackup.h"
@@ -159,7 +161,8 @@ TEST_F(Frame, TheWizardStaysOpenUntilEverythingIsChosen) {
   EXPECT_FALSE(fs::exists(home / "a")) << "the media folder made for it goes as well";
   EXPECT_EQ(s.files.CurrentDBPath, "");
   EXPECT_FALSE(s.files.NewDBPending);
-  for (const auto& box : script.boxes) EXPECT_EQ(box.text.find(text(dialog::error_occurred)), std::string::npos) << box.text;
+  for (const auto& box : script.boxes)
+    EXPECT_EQ(box.text.find(text(dialog::error_occurred)), std::string::npos) << box.text;
 }
 
 TEST_F(Frame, ACancelledWizardLeavesAFolderThatWasThere) {
@@ -229,6 +232,42 @@ TEST_F(Frame, OpeningAnotherAsksAndARefusalKeepsTheFirst) {
   EXPECT_TRUE(frame::mnuOpen(form));
   EXPECT_TRUE(s.files.ReadOnlyMode);
   EXPECT_EQ(s.shell.mnuFilearray.size(), 1U);
+}
+
+TEST_F(Frame, DialogsOnSettingsAndCataloguesRenewWhatTheFrameShows) {
+  start();
+  createDictionary(home / "a.cvb");
+  script.inForm<entry::frmEintrag>("frmEintrag", [](entry::frmEintrag& editor) {
+    ASSERT_TRUE(entry::Form_Activate(editor));
+    entry::headwordChanged(editor, "Zaun");
+    EXPECT_TRUE(entry::Command1(editor, 2));
+  });
+  ASSERT_TRUE(frame::mnuNewEntry(form));
+  script.inForm<frame::frmConfig>("frmConfig", [](frame::frmConfig& settings) {
+    frame::textOf(settings, "Kurzbeschreibung") = "Neu";
+    EXPECT_TRUE(frame::saveConfig(settings));
+  });
+  ASSERT_TRUE(frame::mnuVocariumConfig(form));
+  EXPECT_EQ(s.shell.projectBar.description, "Neu");
+  EXPECT_FALSE(form.filter.properties.empty());
+
+  s.files.CurrentDB.Execute("insert into relWoertWKat (ID_Woerterbuch, ID_WKategorie) values (1, 1)");
+  script.inForm<entry::frmDeleteEintragEigenschaftSach>(
+      "frmDeleteEintragEigenschaftSach", [&](entry::frmDeleteEintragEigenschaftSach& deletion) {
+        const auto& items = deletion.lists.items;
+        const auto item = std::ranges::find(items, 1, &entry::CatalogueItem::id);
+        entry::choose(deletion.lists, static_cast<std::size_t>(item - items.begin()));
+        script.answer(platform::box::answerYes);
+        EXPECT_TRUE(entry::deleteEntries(deletion));
+      });
+  ASSERT_TRUE(frame::mnuDeleteByProperty(form));
+  EXPECT_EQ(form.browsers[0].form->list.List2, std::vector<std::string>{"Zaun"});
+
+  // A dialog that only was looked at changes nothing.
+  for (const char* name : {"frmAutokat", "frmEnvironment", "frmDeleteEigenschaftSach"})
+    script.inForm<platform::Form>(name, [](platform::Form&) {});
+  EXPECT_TRUE(frame::mnuAutomatic(form) && frame::mnuEnvironment(form) && frame::mnuDeleteSachgebiet(form));
+  EXPECT_FALSE(s.shell.failed);
 }
 
 }  // namespace

@@ -1,10 +1,17 @@
 // Commands that show a dialog. The browser is built anew behind those that changed entries.
 
+#include <functional>
+
+#include "entry/frmAutokat.h"
+#include "entry/frmDeleteEigenschaftSach.h"
+#include "entry/frmDeleteEintragEigenschaftSach.h"
 #include "entry/frmDeleteEntries.h"
+#include "entry/frmEnvironment.h"
 #include "entry/frmFastEntry.h"
 #include "entry/frmHistory.h"
 #include "entry/frmNewKateg.h"
 #include "entry/frmServices.h"
+#include "shell/frame/frmConfig.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
@@ -27,6 +34,22 @@ bool load(entry::frmNewKateg& form) {
 }
 void load(entry::frmDeleteEntries& form) {
   entry::Form_Load(form);
+}
+
+bool load(entry::frmAutokat& form) {
+  return entry::Form_Load(form);
+}
+bool load(entry::frmDeleteEigenschaftSach& form) {
+  return entry::Form_Load(form);
+}
+bool load(entry::frmDeleteEintragEigenschaftSach& form) {
+  return entry::Form_Load(form);
+}
+bool load(entry::frmEnvironment& form) {
+  return entry::Form_Load(form);
+}
+bool load(frmConfig& form) {
+  return Form_Load(form);
 }
 
 void refreshWhereDue(frmMDI& form) {
@@ -109,6 +132,27 @@ bool mnuProperties(frmMDI& form) {
 }
 bool mnuSubjects(frmMDI& form) {
   return shown<entry::frmNewKateg>(form, false);
+}
+bool mnuAutomatic(frmMDI& form) {
+  return shown<entry::frmAutokat>(form);
+}
+bool mnuDeleteEigenschaft(frmMDI& form) {
+  return shown<entry::frmDeleteEigenschaftSach>(form, true);
+}
+bool mnuDeleteSachgebiet(frmMDI& form) {
+  return shown<entry::frmDeleteEigenschaftSach>(form, false);
+}
+bool mnuDeleteByProperty(frmMDI& form) {
+  return shown<entry::frmDeleteEintragEigenschaftSach>(form, true);
+}
+bool mnuDeleteBySubject(frmMDI& form) {
+  return shown<entry::frmDeleteEintragEigenschaftSach>(form, false);
+}
+bool mnuEnvironment(frmMDI& form) {
+  return shown<entry::frmEnvironment>(form);
+}
+bool mnuVocariumConfig(frmMDI& form) {
+  return shown<frmConfig>(form, std::ref(form.filter));
 }
 
 bool mnuChoice(frmMDI& form) {

@@ -28,10 +28,10 @@ struct frmMDI {
   session::Session& session;
   browse::frmFilter filter;  ///< stays loaded, hidden
   std::vector<MenuItem> menu;
-  std::vector<OpenBrowser> browsers;  ///< in the order of opening
+  std::vector<OpenBrowser> browsers;     ///< in the order of opening
   browse::frmWoerter* active = nullptr;  ///< the browser that commands are for; null without any
-  std::string helpFile;               ///< empty: there is none
-  bool unloaded = false;              ///< the process ends
+  std::string helpFile;                  ///< empty: there is none
+  bool unloaded = false;                 ///< the process ends
 };
 
 inline constexpr int browserLimit = 5;
@@ -93,6 +93,13 @@ bool mnuChangeHistory(frmMDI& form);
 bool mnuDeleteByDate(frmMDI& form);
 bool mnuProperties(frmMDI& form);
 bool mnuSubjects(frmMDI& form);
+bool mnuAutomatic(frmMDI& form);
+bool mnuDeleteEigenschaft(frmMDI& form);
+bool mnuDeleteSachgebiet(frmMDI& form);
+bool mnuDeleteByProperty(frmMDI& form);
+bool mnuDeleteBySubject(frmMDI& form);
+bool mnuEnvironment(frmMDI& form);
+bool mnuVocariumConfig(frmMDI& form);
 /// Releases an active filter after a question, then shows the filter dialog.
 bool mnuChoice(frmMDI& form);
 
