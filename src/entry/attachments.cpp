@@ -109,12 +109,16 @@ bool store(frmEintrag& form) {
   return true;
 }
 
+bool anyRow(frmEintrag& form, const std::string& statement) {
+  return !form.session.files.CurrentDB.OpenRecordset(statement, engine::RecordsetKind::snapshot).EndOfFile();
+}
+
+// Pictures and sounds lie in the same folder, and one of them may have been attached from there.
 bool isUsedElsewhere(frmEintrag& form, const AttachmentRow& row) {
-  auto others = form.session.files.CurrentDB.OpenRecordset(
-      "select ID_Attachment from Attachment where Attachment.Attachment = '" +
-          session::escapedSQLText(row.file) + "' and ID_Attachment <> " + std::to_string(row.id),
-      engine::RecordsetKind::snapshot);
-  return !others.EndOfFile();
+  const std::string file = "'" + session::escapedSQLText(row.file) + "'";
+  return anyRow(form, "select ID_Attachment from Attachment where Attachment.Attachment = " + file +
+                          " and ID_Attachment <> " + std::to_string(row.id)) ||
+         anyRow(form, "select ID_Woerterbuch from Woerterbuch where Bild = " + file + " or Klang = " + file);
 }
 
 void deleteFile(const session::Session& s, const std::string& name) {
@@ -171,7 +175,7 @@ bool mnuEditAttachment(frmEintrag& form) {
     const AttachmentRow row = readRow(rows);
     form.attachmentNameBox = row.name;
     form.attachmentNoteBox = row.note;
-    form.attachmentFileBox = attachmentPath(form.session, row.file);
+    form.attachmentFileBox = row.file.empty() ? row.file : attachmentPath(form.session, row.file);
     form.attachmentIsCopied = liesInDictionaryFolder(row.file);
     form.EditedAttachmentId = row.id;
     form.focus = Focus::attachmentName;

@@ -28,7 +28,7 @@ bool Command9(frmEintrag& form);
 /// Puts the selected attachment into the boxes, for Command8 to store it again.
 bool mnuEditAttachment(frmEintrag& form);
 /// Deletes the selected attachment, without a question, and its file if that lies in the dictionary's folder
-/// and no other attachment uses it.
+/// and is neither another attachment's nor the picture or sound of an entry.
 bool mnuDeleteAttachment(frmEintrag& form);
 /// Opens the selected attachment on the desktop.
 bool openAttachment(frmEintrag& form);

@@ -152,6 +152,12 @@ TEST_F(AttachmentsTest, NoFileIsLostToAnotherOfItsName) {
   ASSERT_TRUE(attach(second, true, "two"));
   EXPECT_EQ(test::TempDir::read(inFolder("Plan.pdf")), "second");
   EXPECT_EQ(attached(), "Plan.pdf|Plan.pdf");
+  dir.write("Wörter/W1B.jpg", "picture");
+  insert("update Woerterbuch set Bild = 'W1B.jpg' where ID_Woerterbuch = 1");
+  ASSERT_TRUE(attach(inFolder("W1B.jpg"), true, "picture"));
+  select("picture");
+  ASSERT_TRUE(mnuDeleteAttachment(form));
+  EXPECT_TRUE(fs::exists(inFolder("W1B.jpg"))) << "it is the entry's picture";
 }
 
 TEST_F(AttachmentsTest, EditingKeepsTheCopyOrLeavesItForAPath) {
