@@ -8,18 +8,23 @@
 
 namespace browse {
 
+engine::Database& databaseOf(session::Session& s, const std::string& databaseName) {
+  auto& files = s.files;
+  const std::string path = base::upper(base::trim(databaseName));
+  if (files.OpenDBCount < 2 || path == base::upper(files.CurrentDB.Name())) return files.CurrentDB;
+  const auto end = files.ExtraDB.begin() + (files.OpenDBCount - 1);
+  const auto other = std::find_if(files.ExtraDB.begin(), end,
+                                  [&](const engine::Database& db) { return base::upper(db.Name()) == path; });
+  return other == end ? files.CurrentDB : *other;
+}
+
 void useDictionary(session::Session& s, const std::string& databaseName) {
   auto& files = s.files;
   if (files.OpenDBCount < 2) return;
   const std::string path = base::upper(base::trim(databaseName));
-  if (path != base::upper(files.CurrentDB.Name())) {
-    const auto others = files.ExtraDB.begin();
-    const auto end = others + (files.OpenDBCount - 1);
-    const auto other =
-        std::find_if(others, end, [&](const engine::Database& db) { return base::upper(db.Name()) == path; });
-    if (other == end) return;
-    std::swap(files.CurrentDB, *other);
-  }
+  engine::Database& chosen = databaseOf(s, path);
+  if (base::upper(chosen.Name()) != path) return;
+  if (&chosen != &files.CurrentDB) std::swap(files.CurrentDB, chosen);
   files.CurrentDBPath = path;
   files.DictFolder = "/" + base::withoutExtension4(path);
   const auto listed = std::ranges::find(files.dictionaryList, path);

@@ -14,6 +14,9 @@ namespace browse {
 /// carry an old one) leaves all as it is.
 void useDictionary(session::Session& s, const std::string& databaseName);
 
+/// The open file of this path; the current dictionary for a path that is not of the session.
+engine::Database& databaseOf(session::Session& s, const std::string& databaseName);
+
 /// A condition for one entry: by its number, in a session of several files by its file as well.
 std::string entryCondition(const session::Session& s, std::int64_t id, const std::string& databaseName);
 

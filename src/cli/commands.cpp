@@ -90,6 +90,8 @@ const std::vector<Command>& commands() {
        2,
        2,
        runSearch},
+      {"lookup", "DICT WORD", {}, {}, 2, 2, runLookup},
+      {"tree", "DICT properties|subjects|crossreferences", {}, {}, 2, 2, runTree},
       {"sql", "DICT STATEMENT|QUERY [--ado] [--param NAME=VALUE]...", {"--ado"}, {"--param"}, 2, 2, runSql},
       {"queries", "DICT", {}, {}, 1, 1, runQueries},
       {"import-text",

@@ -7,6 +7,8 @@
 
 #include "base/text.h"
 #include "browse/frmSearch.h"
+#include "browse/frmSearchSelectedWord.h"
+#include "browse/frmTreeView.h"
 #include "browse/page_html.h"
 #include "cli/application.h"
 #include "cli/editing.h"
@@ -64,6 +66,14 @@ void printOwners(browse::frmSearch& dialog) {
   }
 }
 
+constexpr std::array<const char*, 3> treeNames{"properties", "subjects", "crossreferences"};
+
+int treeNamed(const std::string& name) {
+  const auto* found = std::ranges::find_if(treeNames, [&](const char* tree) { return name == tree; });
+  if (found == treeNames.end()) throw UsageError{"There is no tree of " + name + "."};
+  return static_cast<int>(found - treeNames.begin());
+}
+
 }  // namespace
 
 int runPage(Application& app, const std::vector<std::string>& words) {
@@ -95,6 +105,35 @@ int runSearch(Application& app, const std::vector<std::string>& words) {
       printOwners(dialog);
     else
       for (std::int64_t row = 0; row < browse::gridRows(dialog.hits); ++row) printRow(dialog.hits, row);
+    return true;
+  });
+}
+
+int runLookup(Application& app, const std::vector<std::string>& words) {
+  return withDictionary(app, words[0], [&] {
+    app.session.search.SelectedWord = words[1];
+    browse::frmSearchSelectedWord dialog(app.session);
+    if (!browse::Form_Load(dialog)) return false;
+    for (std::size_t n = 0; n < dialog.lists.size(); ++n) {
+      if (n > 0) std::cout << '\n';
+      const browse::WordList& list = dialog.lists[n];
+      for (std::size_t row = 0; row < list.size(); ++row)
+        printEntry(list.List1[row], list.List2[row], list.List4[row]);
+    }
+    return true;
+  });
+}
+
+int runTree(Application& app, const std::vector<std::string>& words) {
+  const int kind = treeNamed(words[1]);
+  return withDictionary(app, words[0], [&] {
+    app.session.shell.ViewKind = kind;
+    browse::frmTreeView tree(app.session);
+    if (!browse::BuildTree(tree)) return false;
+    for (std::size_t line = 0; line < tree.lines.size(); ++line) {
+      printEntry(tree.keys[line], tree.lines[line], tree.databases[line]);
+      if (!browse::expandLine(tree, static_cast<int>(line))) return false;
+    }
     return true;
   });
 }
