@@ -79,6 +79,7 @@ void selectWord(User& user, const char* text) {
 }
 
 void boxes(User& user, Album& album) {
+  selectWord(user, "Igel");
   user.in("MessageBox", [&](QWidget& box) {
     album.save(box, "box-question");
     user.click(box, "No");

@@ -2,42 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "support/user.h"
+#include <QTextBrowser>
+
+#include "windows.h"
+
+using namespace windows;
 
 namespace {
 
-constexpr int meaningsTab = 1, examplesTab = 2;
-
-/// A new dictionary with its first entry, through the panels and the wizard.
-void makeDictionary(User& user, const std::string& path, const std::string& headword) {
-  user.in("frmChooseDBType", [&](QWidget& window) { user.click(window, "Panel_1"); });
-  user.chooseFile(path);
-  user.in("firstent", [&](QWidget& window) {
-    user.type(window, "SourceLanguage", "Deutsch");
-    user.type(window, "TargetLanguage", "Englisch");
-    user.click(window, "Next");
-    user.type(window, "Description", "Küche");
-    User::find<QListWidget>(window, "List1").setCurrentRow(0);
-    user.click(window, "Command1");
-  });
-  user.in("frmEintrag", [&, headword](QWidget& window) {
-    user.type(window, "HeadwordBox", headword);
-    user.click(window, "Command1_2");
-  });
-  user.choose("mnuNew");
-}
-
-std::vector<std::string> words(User& user) {
-  std::vector<std::string> texts;
-  const auto& list = user.find<QListWidget>("List2");
-  for (int row = 0; row < list.count(); ++row) texts.push_back(list.item(row)->text().toStdString());
-  return texts;
-}
-
 TEST(Way, FromTheWizardToTheEntryInTheBrowser) {
   User user;
-  const std::string path = user.home / "Kueche.cvb";
-  makeDictionary(user, path, "Löffel");
+  const std::string path = makeDictionary(user, "Löffel");
   ASSERT_TRUE(user.app->session.files.DBOpen);
   EXPECT_EQ(words(user), std::vector<std::string>{"Löffel"});
 
@@ -74,7 +49,32 @@ TEST(Way, FromTheWizardToTheEntryInTheBrowser) {
   user.chooseFile(path);
   user.choose("mnuOpen");
   EXPECT_EQ(words(user), (std::vector<std::string>{"Gabel   ++", "--- Kuchengabel", "Löffel"}));
+  const QString page = user.find<QTextBrowser>("WebBrowser1").toPlainText();
+  for (const char* part : {"Gabel", "1. fork", "2. pitchfork", "knife and fork", "aus Holz & Stahl"})
+    EXPECT_TRUE(page.contains(part)) << part << " in " << page.toStdString();
   EXPECT_FALSE(user.hasPlans());
+}
+
+TEST(Way, TheLastDictionaryIsThereAgainAfterARestart) {
+  User user;
+  makeDictionary(user, "Löffel");
+  addEntry(user, "Gabel");
+  user.app->window->close();
+  EXPECT_TRUE(user.app->frame.unloaded);
+  user.restart();
+  EXPECT_TRUE(user.app->session.files.DBOpen);
+  EXPECT_EQ(words(user), (std::vector<std::string>{"Gabel", "Löffel"}));
+}
+
+TEST(Way, EnglishAsksAndCaptionsInEnglish) {
+  User user(true);
+  makeDictionary(user, "spoon");
+  addEntry(user, "fork");
+  EXPECT_EQ(user.find<QAction>("mnuNewEntry").text(), "&New entry ...");
+  user.answer("No", "fork");
+  user.press(*user.app->window, "List2", Qt::Key_Delete);
+  EXPECT_EQ(words(user).size(), 2u);
+  EXPECT_EQ(user.told.back().find("Soll"), std::string::npos) << user.told.back();
 }
 
 }  // namespace

@@ -31,10 +31,10 @@ class User {
  public:
   using Deeds = std::function<void(QWidget&)>;
 
-  explicit User(bool english = false) {
+  explicit User(bool english = false) : english_(english) {
     toolkit();
     setenv("APPDATA", home.path().c_str(), 1);
-    app = std::make_unique<desktop::Application>(VOCARIUM_BINARY_DIR, english);
+    app = std::make_unique<desktop::Application>(VOCARIUM_BINARY_DIR, english_);
     QObject::connect(&clock_, &QTimer::timeout, [this] { serveModal(); });
     clock_.start(2);
     app->showFrame();
@@ -42,6 +42,14 @@ class User {
   ~User() { clock_.stop(); }
   User(const User&) = delete;
   User& operator=(const User&) = delete;
+
+  /// Ends the program and starts it again with what it left on disk.
+  void restart() {
+    app.reset();
+    app = std::make_unique<desktop::Application>(VOCARIUM_BINARY_DIR, english_);
+    app->showFrame();
+    rethrow();
+  }
 
   /// The one toolkit of the process; it lives until the end.
   static void toolkit() {
@@ -59,14 +67,15 @@ class User {
   /// Presses a button of the next message box ("Yes", "No"; the only one where empty), whose text holds
   /// `part`.
   void answer(const char* button, const std::string& part = "") {
-    in("MessageBox", [this, button = std::string(button), part](QWidget& box) {
+    in("MessageBox", [this, button, part](QWidget& box) {
       const QString text = box.property("text").toString();
       told.push_back(text.toStdString());
       if (!text.contains(QString::fromStdString(part)))
         throw std::runtime_error("asked: " + text.toStdString() + "\nexpected: " + part);
+      if (button == nullptr) return void(QTest::keyClick(&box, Qt::Key_Escape));
       for (QAbstractButton* each : box.findChildren<QAbstractButton*>())
-        if (button.empty() || each->objectName() == QString::fromStdString(button)) return each->click();
-      throw std::runtime_error("The box has no button " + button);
+        if (*button == '\0' || each->objectName() == button) return each->click();
+      throw std::runtime_error(std::string("The box has no button ") + button);
     });
   }
   void chooseFile(const std::string& path) {
@@ -181,6 +190,7 @@ class User {
     if (failure_) std::rethrow_exception(failure_);
   }
 
+  bool english_;
   QTimer clock_;
   QWidget* serving_ = nullptr;
   std::exception_ptr failure_;

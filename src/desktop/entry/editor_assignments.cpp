@@ -13,7 +13,8 @@ namespace {
 using entry::Owner;
 
 struct Names {
-  const char *catalogueProperties, *properties, *catalogueSubjects, *subjects;
+  const char *catalogueProperties, *properties, *addProperty, *removeProperty;
+  const char *catalogueSubjects, *subjects, *addSubject, *removeSubject;
 };
 
 bool isShown(const Editor& editor, Owner owner) {
@@ -80,7 +81,7 @@ void addProperties(Editor editor, Owner owner, const Names& names, QGridLayout& 
     assigned.setRows(std::move(rows));
   });
   grid.addLayout(editor.face.below(label::properties, catalogue), row, 0);
-  grid.addLayout(arrows(editor, "AddProperty", "RemoveProperty", add, remove), row, 1);
+  grid.addLayout(arrows(editor, names.addProperty, names.removeProperty, add, remove), row, 1);
   grid.addWidget(&assigned, row, 2);
 }
 
@@ -102,7 +103,7 @@ void addSubjects(Editor editor, Owner owner, const Names& names, QGridLayout& gr
   QObject::connect(erase, &QShortcut::activated, &editor.dialog,
                    [editor, remove] { editor.face.run(remove); });
   grid.addLayout(editor.face.below(label::subjects, catalogue), row, 0);
-  grid.addLayout(arrows(editor, "AddSubject", "RemoveSubject", add, remove), row, 1);
+  grid.addLayout(arrows(editor, names.addSubject, names.removeSubject, add, remove), row, 1);
   grid.addLayout(
       editor.face.below(owner == Owner::entry ? label::entry_subjects : label::meaning_subjects, assigned),
       row, 2);
@@ -120,9 +121,10 @@ QGridLayout* assignments(Editor editor, Owner owner, const Names& names) {
 }  // namespace
 
 QWidget* propertiesTab(Editor& editor) {
-  return tabPage(
-      editor, entry::Tab::properties,
-      assignments(editor, Owner::entry, {"DBList9", "DBGridEigenschaftWert", "DBList11", "List6"}));
+  return tabPage(editor, entry::Tab::properties,
+                 assignments(editor, Owner::entry,
+                             {"DBList9", "DBGridEigenschaftWert", "AddProperty", "RemoveProperty", "DBList11",
+                              "List6", "AddSubject", "RemoveSubject"}));
 }
 
 QWidget* meaningPropertiesTab(Editor& editor) {
@@ -145,7 +147,9 @@ QWidget* meaningPropertiesTab(Editor& editor) {
   column->addWidget(&meanings, 1);
   column->addWidget(&chosen);
   column->addLayout(
-      assignments(editor, Owner::meaning, {"DBList5", "DBGridWortbedEigenschaftWert", "DBList7", "List5"}),
+      assignments(editor, Owner::meaning,
+                  {"DBList5", "DBGridWortbedEigenschaftWert", "AddMeaningProperty", "RemoveMeaningProperty",
+                   "DBList7", "List5", "AddMeaningSubject", "RemoveMeaningSubject"}),
       3);
   return tabPage(editor, entry::Tab::meaningProperties, column);
 }
