@@ -6,6 +6,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <algorithm>
 #include <set>
@@ -18,6 +19,7 @@
 #include "desktop/shell/about.h"
 #include "desktop/shell/commands.h"
 #include "desktop/shell/menu_tree.h"
+#include "desktop/shell/welcome.h"
 
 namespace desktop {
 namespace {
@@ -36,7 +38,10 @@ MainWindow::MainWindow(Application& app) : app_(app), commanded_(windowItems) {
   area_->setViewMode(QMdiArea::SubWindowView);
   area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-  setCentralWidget(area_);
+  views_ = new QStackedWidget(this);
+  views_->addWidget(area_);
+  views_->addWidget(welcome_ = new Welcome(app));
+  setCentralWidget(views_);
   status_ = new QLabel(this);
   status_->setObjectName("StatusBar");
   statusBar()->addWidget(status_, 1);
@@ -139,6 +144,9 @@ void MainWindow::draw() {
   drawRecentFiles();
   drawProjectBar();
   drawBrowsers();
+  // A dictionary whose browsers were all closed is still open.
+  views_->setCurrentIndex(app_.session.files.OpenDBCount > 0 ? 0 : 1);
+  if (views_->currentIndex() == 1) welcome_->draw();
 }
 
 void MainWindow::drawRecentFiles() {

@@ -13,11 +13,13 @@ class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
+class QStackedWidget;
 
 namespace desktop {
 
 class Application;
 class BrowserWindow;
+class Welcome;
 
 /// The frame's window: menus, toolbar, project bar, the browsers as child windows, status bar.
 class MainWindow : public QMainWindow {
@@ -47,7 +49,9 @@ class MainWindow : public QMainWindow {
 
   Application& app_;
   int id_ = 0;
+  QStackedWidget* views_ = nullptr;
   QMdiArea* area_ = nullptr;
+  Welcome* welcome_ = nullptr;
   QLabel *status_ = nullptr, *flagFrom_ = nullptr, *flagTo_ = nullptr, *languages_ = nullptr,
          *description_ = nullptr;
   QWidget* projectBar_ = nullptr;
