@@ -105,6 +105,7 @@ void showSurroundings(frmWoerter& form) {
   display.links = MSHFlexGridURLDesign(s, entry);
   display.attachments = DBGridAttachmentDesign(s, entry);
   display.crossReferences = MSHFlexGridQuerverweisDesign(s, entry);
+  OpenPicture(form);
 }
 
 }  // namespace

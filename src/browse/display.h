@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "browse/grid.h"
 #include "entry/record.h"
+#include "platform/images.h"
 #include "shell/session/session.h"
 
 /// The entry shown beside the list: gathered once at each selection, then shown either in labels and
@@ -86,7 +88,10 @@ struct EntryDisplay {
   std::string dictionary;  ///< label of the file's name; empty with one dictionary
 
   std::string picture;  ///< path; empty: image and zoom slider are hidden
-  std::string sound;    ///< path; empty: the play button is disabled
+  /// The picture, read; empty where there is none, where the page shows it, or where it can not be shown.
+  std::shared_ptr<const platform::Picture> Image1;
+  std::string pictureFailure;  ///< why it can not be shown
+  std::string sound;           ///< path; empty: the play button is disabled
 
   Grid properties;         ///< MSHFlexGridKategorien
   Grid subjects;           ///< MSHFlexGridSachgebiete
@@ -110,6 +115,9 @@ void ShowAllToWordUniCode(frmWoerter& form);
 void ShowEntry(frmWoerter& form);
 /// Shows no entry.
 void clearDisplay(frmWoerter& form);
+/// Reads the picture of the aggregate, to be shown beside or below the entry. A failure is logged and hides
+/// the picture.
+void OpenPicture(frmWoerter& form);
 /// Marks the search term of the session in the note.
 void MarkFoundedWords(frmWoerter& form);
 
@@ -131,5 +139,10 @@ bool MSHFlexGridQuerverweise_Click(frmWoerter& form, std::size_t row);
 bool MSHFlexGridURL_Click(frmWoerter& form, std::size_t row);
 /// Opens the attached file.
 bool dbGridAttachment_DblClick(frmWoerter& form, std::size_t row);
+
+/// Shows the entry's picture on the full screen. As the click actions a command, like the next.
+bool Image1_DblClick(frmWoerter& form);
+/// Plays the entry's sound.
+bool playEntrySound(frmWoerter& form);
 
 }  // namespace browse

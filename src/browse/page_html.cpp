@@ -176,8 +176,7 @@ void note(Page& page, const std::string& text) {
 
 void picture(Page& page, const session::Session& s, const DisplaySettings& settings,
              const std::string& name) {
-  const std::string kind = base::upper(base::right(name, 3));
-  if (kind != "GIF" && kind != "JPG") return;
+  if (!pageShowsPicture(name)) return;
   page.add("<BR>");
   page.add("<IMG SRC=\"" + pictureAddress(s, settings, name) + "\">");
   page.add("<BR>");
@@ -233,6 +232,11 @@ std::string strictLine(const std::string& line) {
 }
 
 }  // namespace
+
+bool pageShowsPicture(const std::string& name) {
+  const std::string kind = base::upper(base::right(name, 3));
+  return kind == "GIF" || kind == "JPG";
+}
 
 std::string WriteHTMLFile(session::Session& s, const EntryAggregate& entry, const DisplaySettings& settings) {
   const std::string page = composed(s, entry, settings);

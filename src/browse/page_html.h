@@ -15,6 +15,9 @@ inline constexpr const char* pageFileName = "CurrentEntry.HTM";
 /// Throws 61, 70, 75 when that refuses it as well.
 std::string WriteHTMLFile(session::Session& s, const EntryAggregate& entry, const DisplaySettings& settings);
 
+/// Whether a page shows a picture of this file name; others have to be shown beside it.
+bool pageShowsPicture(const std::string& name);
+
 /// The page for a view that is stricter than a browser: the type of its style sheet in lower case, fonts in
 /// quotes and closed.
 std::string forStrictView(const std::string& page);

@@ -13,9 +13,11 @@ namespace browse {
 
 namespace {
 
+/// The field of this name, "table.column" or, for the first of that name, the column alone.
 const engine::FieldInfo* findField(const engine::Recordset& rows, const std::string& name) {
+  const bool whole = name.find('.') != std::string::npos;
   for (const engine::FieldInfo& field : rows.Fields()) {
-    const std::size_t point = field.name.rfind('.');
+    const std::size_t point = whole ? std::string::npos : field.name.rfind('.');
     const std::string plain = point == std::string::npos ? field.name : field.name.substr(point + 1);
     if (base::equalsIgnoreCase(plain, name)) return &field;
   }

@@ -78,6 +78,7 @@ int runPage(Application& app, const std::vector<std::string>& words);
 int runSearch(Application& app, const std::vector<std::string>& words);
 int runLookup(Application& app, const std::vector<std::string>& words);
 int runTree(Application& app, const std::vector<std::string>& words);
+int runView(Application& app, const std::vector<std::string>& words);
 int runSql(Application& app, const std::vector<std::string>& words);
 int runQueries(Application& app, const std::vector<std::string>& words);
 int runImportText(Application& app, const std::vector<std::string>& words);

@@ -92,6 +92,7 @@ const std::vector<Command>& commands() {
        runSearch},
       {"lookup", "DICT WORD", {}, {}, 2, 2, runLookup},
       {"tree", "DICT properties|subjects|crossreferences", {}, {}, 2, 2, runTree},
+      {"view", "DICT 1...10", {}, {}, 2, 2, runView},
       {"sql", "DICT STATEMENT|QUERY [--ado] [--param NAME=VALUE]...", {"--ado"}, {"--param"}, 2, 2, runSql},
       {"queries", "DICT", {}, {}, 1, 1, runQueries},
       {"import-text",

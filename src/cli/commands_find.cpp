@@ -9,6 +9,7 @@
 #include "browse/frmSearch.h"
 #include "browse/frmSearchSelectedWord.h"
 #include "browse/frmTreeView.h"
+#include "browse/frmView.h"
 #include "browse/page_html.h"
 #include "cli/application.h"
 #include "cli/editing.h"
@@ -64,6 +65,13 @@ void printOwners(browse::frmSearch& dialog) {
               .second)
         printRow(dialog.owners, row);
   }
+}
+
+/// Text for one cell of tab-separated output.
+std::string cell(std::string text) {
+  for (const auto& [what, by] : {std::pair{"\\", "\\\\"}, {"\t", "\\t"}, {"\r", "\\r"}, {"\n", "\\n"}})
+    text = base::replaceAll(text, what, by);
+  return text;
 }
 
 constexpr std::array<const char*, 3> treeNames{"properties", "subjects", "crossreferences"};
@@ -133,6 +141,26 @@ int runTree(Application& app, const std::vector<std::string>& words) {
     for (std::size_t line = 0; line < tree.lines.size(); ++line) {
       printEntry(tree.keys[line], tree.lines[line], tree.databases[line]);
       if (!browse::expandLine(tree, static_cast<int>(line))) return false;
+    }
+    return true;
+  });
+}
+
+int runView(Application& app, const std::vector<std::string>& words) {
+  const long long number = wholeNumber(words[1], "The view's number");
+  if (number < 1 || number > browse::tableViewCount) throw UsageError{"The views bear the numbers 1 to 10."};
+  return withDictionary(app, words[0], [&] {
+    app.session.shell.ViewKind = static_cast<int>(number);
+    browse::frmView view(app.session);
+    if (!browse::Form_Load(view)) return false;
+    auto& grid = view.Adodc1;
+    for (std::int64_t row = 0; row < browse::gridRows(grid); ++row) {
+      std::cout << browse::gridNumber(grid, row, "ID_Woerterbuch") << '\t'
+                << cell(browse::gridField(grid, row, "Begriff")) << '\t'
+                << browse::gridField(grid, row, "DatabaseName");
+      for (std::size_t column = 1; column < grid.columns.size(); ++column)
+        std::cout << '\t' << cell(browse::gridCell(grid, row, column));
+      std::cout << '\n';
     }
     return true;
   });
