@@ -7,6 +7,7 @@
 #include "desktop/browse/filter_window.h"
 #include "desktop/entry/editor.h"
 #include "desktop/entry/entry_windows.h"
+#include "desktop/entry/media_windows.h"
 #include "desktop/kit/dialog.h"
 #include "desktop/shell/choose_type.h"
 #include "desktop/shell/wizard.h"
@@ -38,6 +39,8 @@ constexpr Kind kinds[] = {
     {"frmNewKateg", made<entry::frmNewKateg, makeNewKateg>},
     {"frmRelink", made<entry::frmRelink, makeRelink>},
     {"frmServices", made<entry::frmServices, makeServices>},
+    {"frmSoundInfo", made<entry::frmSoundInfo, makeSoundInfo>},
+    {"frmVollBild", made<entry::frmVollBild, makeVollBild>},
 };
 
 }  // namespace

@@ -111,6 +111,14 @@ bool BildAnzeigen(frmVollBild& form) {
   });
 }
 
+bool showFullScreen(session::Session& s, const std::string& name) {
+  return session::guard(s, "frmVollBild", [&] {
+    frmVollBild form(s);
+    form.Bild = name;
+    s.desk.boxes.showModal(form);
+  });
+}
+
 bool Form_KeyDown(frmVollBild& form, int keyCode) {
   return session::guard(form.session, form.formName, [&] {
     if (keyCode == key::escape) form.visible = false;

@@ -34,6 +34,9 @@ bool BildAnzeigen(frmVollBild& form);
 /// Escape closes; the arrows turn the picture a quarter, left against the clock. Other keys do nothing.
 bool Form_KeyDown(frmVollBild& form, int keyCode);
 
+/// Shows a picture, by its file name, on the full screen until it is closed.
+bool showFullScreen(session::Session& s, const std::string& name);
+
 /// Turns `source` about its centre into `target`, whose size the caller sets: each target point takes the
 /// source point that lies `angle` radians further from the centre's x axis towards its y axis (down), so
 /// that the picture turns against the clock. What no source point falls on becomes white. Quarter turns are

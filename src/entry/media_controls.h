@@ -11,6 +11,7 @@ namespace entry {
 struct PictureControls {
   platform::Picture Lead1;  ///< the picture in hand, which Picture1 shows
   bool deleteEnabled = false, zoomEnabled = false;
+  int version = 0;  ///< another one for each picture in Lead1
 };
 
 struct SoundControls {

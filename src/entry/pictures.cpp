@@ -37,12 +37,15 @@ std::string extensionOf(const session::Session& s, const std::string& path) {
 }
 
 void clearPicture(frmEintrag& form) {
+  const int version = form.picture.version + 1;
   form.picture = {};
+  form.picture.version = version;
   form.pictureShown = false;
 }
 
 void showPicture(frmEintrag& form, platform::Picture picture) {
   form.picture.Lead1 = std::move(picture);
+  ++form.picture.version;
   form.picture.deleteEnabled = form.picture.zoomEnabled = true;
   form.pictureShown = form.tab == Tab::entry;
 }
@@ -76,6 +79,17 @@ StoreName byRow(session::Session& s) {
   };
 }
 
+/// Makes a copy of a picture file the entry's picture, if it can be shown.
+void takeFile(frmEintrag& form, const std::string& source) {
+  session::Session& s = form.session;
+  const session::Busy busy(s, "");
+  const std::string extension = extensionOf(s, source);
+  platform::Picture picture = onMediaFile(s, FileUse::read, source, [&] { return images(s).load(source); });
+  setPicture(form, extension, byRow(s),
+             [&](const std::string& path) { session::CopyFileTo(s, source, path, true); });
+  showPicture(form, std::move(picture));
+}
+
 }  // namespace
 
 platform::Picture loadPicture(session::Session& s, const std::string& name) {
@@ -89,6 +103,7 @@ bool ScanPicture(frmEintrag& form) {
     requireWritable(s);
     const session::Busy busy(s, session::labelText(s, label::scanning));
     onMediaFile(s, FileUse::read, "", [&] { form.picture.Lead1 = port(s, s.desk.media.scanner).acquire(); });
+    ++form.picture.version;
   });
 }
 
@@ -117,13 +132,14 @@ bool Command4(frmEintrag& form) {
     platform::FileDialog dialog;
     dialog.title = session::labelText(s, label::pictures);
     dialog.filter = std::string("Bilder (") + patterns + ")|" + patterns;
-    const std::string source = session::askOpenFile(s, dialog).path;
-    const session::Busy busy(s, "");
-    const std::string extension = extensionOf(s, source);
-    platform::Picture picture = onMediaFile(s, FileUse::read, source, [&] { return images(s).load(source); });
-    setPicture(form, extension, byRow(s),
-               [&](const std::string& path) { session::CopyFileTo(s, source, path, true); });
-    showPicture(form, std::move(picture));
+    takeFile(form, session::askOpenFile(s, dialog).path);
+  });
+}
+
+bool dropPicture(frmEintrag& form, const std::string& path) {
+  return session::guard(form.session, form.formName, [&] {
+    requireWritable(form.session);
+    takeFile(form, path);
   });
 }
 

@@ -18,6 +18,8 @@ bool SavePicture(frmEintrag& form);
 /// Asks for a picture file, in one of thirteen formats, and makes a copy of it the entry's picture. A file
 /// that can not be shown is refused.
 bool Command4(frmEintrag& form);
+/// The same with a file that is known already, as one that was dropped on the picture.
+bool dropPicture(frmEintrag& form, const std::string& path);
 /// Makes the clipboard's picture the entry's.
 bool SSCommand14(frmEintrag& form);
 /// Shows the picture of an entry, or none.

@@ -3,13 +3,17 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextBrowser>
+#include <QTextImageFormat>
 
 #include "browse/page_html.h"
 #include "desktop/application.h"
+#include "desktop/browse/media_bar.h"
 
 namespace desktop {
 
@@ -30,8 +34,17 @@ class EntryPage : public QTextBrowser {
     document()->setBaseUrl(QUrl::fromLocalFile(path));
     setHtml(qt(browse::forStrictView(bytes.toStdString())));
   }
+  /// A double click on a picture of the page, by its address there.
+  std::function<void(const QString& address)> pictureActivated;
 
  protected:
+  void mouseDoubleClickEvent(QMouseEvent* event) override {
+    const QTextImageFormat picture = pictureAt(event->pos());
+    if (picture.isValid() && pictureActivated)
+      pictureActivated(picture.name());
+    else
+      QTextBrowser::mouseDoubleClickEvent(event);
+  }
   QVariant loadResource(int, const QUrl& name) override {
     // Paths of the page are plain, not addresses: one with a blank or "#" has to arrive whole.
     const QString path =
@@ -43,6 +56,18 @@ class EntryPage : public QTextBrowser {
   }
 
  private:
+  /// The cursor nearest to a point stands before or behind the picture that lies there.
+  QTextImageFormat pictureAt(const QPoint& point) const {
+    QTextCursor cursor = cursorForPosition(point);
+    for (const int back : {0, 1}) {
+      cursor.setPosition(std::max(0, cursor.position() - back));
+      QTextCursor behind = cursor;
+      behind.movePosition(QTextCursor::NextCharacter);
+      if (behind.charFormat().isImageFormat()) return behind.charFormat().toImageFormat();
+    }
+    return {};
+  }
+
   QString shown_;
   QByteArray bytes_;
 };
@@ -51,15 +76,25 @@ DisplayPanel::DisplayPanel(Application& app, Face& face, browse::frmWoerter& for
     : app_(app), face_(face), form_(form) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
-  views_ = new QStackedWidget(this);
+  auto* parts = new QSplitter(Qt::Vertical, this);
+  parts->setChildrenCollapsible(false);
+  views_ = new QStackedWidget(parts);
   page_ = new EntryPage(views_);
   page_->setObjectName("WebBrowser1");
   QObject::connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
     face_.run([&] { app_.session.desk.outside.open(url.toString().toStdString()); });
   });
+  page_->pictureActivated = [this](const QString& address) {
+    if (address.endsWith(qt(form_.display.aggregate.entry.Bild)))
+      face_.run([this] { browse::Image1_DblClick(form_); });
+  };
   views_->addWidget(page_);
   views_->addWidget(buildGrids());
-  column->addWidget(views_, 1);
+  parts->addWidget(views_);
+  parts->addWidget(new MediaBar(face_, form_, parts));
+  parts->setStretchFactor(0, 3);
+  parts->setStretchFactor(1, 2);
+  column->addWidget(parts, 1);
   face_.onDraw([this] { draw(); });
 }
 
@@ -81,10 +116,6 @@ QWidget* DisplayPanel::buildGrids() {
   words->addWidget(dictionary_ = text("DictionaryLabel"));
   headword_->setWordWrap(true);
   head->addLayout(words, 1);
-  picture_ = new QLabel(view);
-  picture_->setObjectName("Picture1");
-  picture_->setAccessibleName(face_.caption(label::picture));
-  head->addWidget(picture_);
   column->addLayout(head);
   tabs_ = new QTabWidget(view);
   addTab(*tabs_, "MSHFlexGridWortbedBsp", label::meanings, &browse::EntryDisplay::meanings, nullptr);
@@ -166,13 +197,6 @@ void DisplayPanel::drawGrids() {
     tab.grid->setRows(rows.rows);
     const QString count = rows.rows.empty() ? QString() : QString(" (%1)").arg(rows.rows.size());
     tabs_->setTabText(tab.index, face_.caption(tab.caption) + count);
-  }
-  if (const QString path = qt(display.picture); path != pictureShown_) {
-    pictureShown_ = path;
-    const QPixmap loaded = path.isEmpty() ? QPixmap() : QPixmap(path);
-    picture_->setPixmap(
-        loaded.isNull() ? QPixmap() : loaded.scaled(200, 150, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-    picture_->setVisible(!loaded.isNull());
   }
 }
 

@@ -40,10 +40,8 @@ class DisplayPanel : public QWidget {
   EntryPage* page_ = nullptr;  ///< WebBrowser1
   QTabWidget* tabs_ = nullptr;
   std::vector<Tab> grids_;
-  QLabel *headword_ = nullptr, *pronunciation_ = nullptr, *created_ = nullptr, *dictionary_ = nullptr,
-         *picture_ = nullptr;
+  QLabel *headword_ = nullptr, *pronunciation_ = nullptr, *created_ = nullptr, *dictionary_ = nullptr;
   QPlainTextEdit* note_ = nullptr;
-  QString pictureShown_;
 };
 
 }  // namespace desktop

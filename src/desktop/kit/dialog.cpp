@@ -38,12 +38,12 @@ Dialog::Dialog(Gate& gate, QWidget* parent, const std::string& formName, int tit
 void Dialog::run() {
   session::Session& s = face.session();
   const std::string formName = objectName().toStdString();
-  restorePlace(s, *this, formName);
+  if (keepsPlace) restorePlace(s, *this, formName);
   if (start) face.run(start);
   if (finished_ || (isOpen && !isOpen())) return;
   face.draw();
   exec();
-  keepPlace(s, *this, formName);
+  if (keepsPlace) keepPlace(s, *this, formName);
 }
 
 void Dialog::leaveWhenOver() {

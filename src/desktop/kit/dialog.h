@@ -26,6 +26,7 @@ class Dialog : public QDialog {
   std::function<void()> start;   ///< the first command of the visit, once the window is there
   std::function<bool()> isOpen;  ///< empty: until `finish`
   std::function<void()> close;   ///< what Escape and the close box do; empty: finish
+  bool keepsPlace = true;        ///< opens again where it was and as large
   std::string helpTopic;         ///< of F1; empty: the contents page
 
   /// Shows the window and returns when the visit is over.

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/desk.h"
+#include "platform/media/desktop_media.h"
 
 class QEvent;
 class QLabel;
@@ -17,14 +18,15 @@ class QWidget;
 namespace desktop {
 
 /// The desktop behind the ports: boxes, file dialogs, modal windows, pointer, status bar, progress,
-/// clipboard, associations. `frame` is set once the frame's window stands; boxes before it have no parent.
+/// clipboard, associations, devices of pictures and sound. `frame` is set once the frame's window stands; boxes
+/// before it have no parent.
 class Desk : public platform::Boxes, public platform::Screen, public platform::Outside {
  public:
   Desk();
   ~Desk() override;
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
-  platform::Desk desk() { return {*this, *this, *this}; }
+  platform::Desk desk() { return {*this, *this, *this, media_.ports()}; }
 
   QPointer<QMainWindow> frame;
   QPointer<QLabel> status;
@@ -60,6 +62,7 @@ class Desk : public platform::Boxes, public platform::Screen, public platform::O
   platform::FileChoice askFile(const platform::FileDialog& dialog, bool save);
   QWidget* parent() const;
 
+  platform::media::DesktopMedia media_;
   std::unique_ptr<QWidget> progress_;
   bool busy_ = false;
 };

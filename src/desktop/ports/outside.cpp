@@ -1,10 +1,8 @@
 #include <QApplication>
-#include <QAudioDevice>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QFontDatabase>
-#include <QMediaDevices>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QUrl>
@@ -35,7 +33,7 @@ void Desk::start(const std::string& commandLine) {
 }
 
 bool Desk::soundDevicePresent() {
-  return !QMediaDevices::defaultAudioOutput().isNull();
+  return media_.soundDevicePresent();
 }
 
 std::vector<std::string> Desk::fontNames() {

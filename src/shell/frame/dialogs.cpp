@@ -11,6 +11,7 @@
 #include "entry/frmHistory.h"
 #include "entry/frmNewKateg.h"
 #include "entry/frmServices.h"
+#include "entry/frmSoundInfo.h"
 #include "shell/frame/frmConfig.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
@@ -46,6 +47,9 @@ bool load(entry::frmDeleteEintragEigenschaftSach& form) {
   return entry::Form_Load(form);
 }
 bool load(entry::frmEnvironment& form) {
+  return entry::Form_Load(form);
+}
+bool load(entry::frmSoundInfo& form) {
   return entry::Form_Load(form);
 }
 bool load(frmConfig& form) {
@@ -150,6 +154,9 @@ bool mnuDeleteBySubject(frmMDI& form) {
 }
 bool mnuEnvironment(frmMDI& form) {
   return shown<entry::frmEnvironment>(form);
+}
+bool mnuSoundInfo(frmMDI& form) {
+  return shown<entry::frmSoundInfo>(form);
 }
 bool mnuVocariumConfig(frmMDI& form) {
   return shown<frmConfig>(form, std::ref(form.filter));

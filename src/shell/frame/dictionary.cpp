@@ -2,6 +2,7 @@
 #include <filesystem>
 
 #include "browse/clipboard.h"
+#include "entry/pictures.h"
 #include "shell/frame/firstent.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
@@ -87,6 +88,18 @@ bool mnuClose(frmMDI& form) {
 
 bool mnuKopieren(frmMDI& form) {
   return browse::ExportEntryToClipboard(form.session);
+}
+bool mnuCopyPicture(frmMDI& form) {
+  session::Session& s = form.session;
+  if (form.active == nullptr) return false;
+  return session::guard(s, "frmMDI", [&] {
+    const browse::EntryDisplay& display = form.active->display;
+    platform::Picture read;
+    // A page shows its picture itself.
+    if (display.Image1 == nullptr && !display.picture.empty())
+      read = entry::loadPicture(s, display.aggregate.entry.Bild);
+    return entry::mnuCopyPicture(s, display.Image1 != nullptr ? *display.Image1 : read);
+  });
 }
 bool mnuCopyDB(frmMDI& form) {
   return command(form, [&] { store::CopyDB(form.session); });

@@ -75,6 +75,8 @@ bool mnuDeleteEntry(frmMDI& form);
 bool mnuRelinkEntry(frmMDI& form);
 /// Puts the current entry on the clipboard as text.
 bool mnuKopieren(frmMDI& form);
+/// Puts the picture of the active browser's entry on the clipboard.
+bool mnuCopyPicture(frmMDI& form);
 bool mnuCopyDB(frmMDI& form);
 bool mnuCompact(frmMDI& form);
 bool mnuCompactCurrentDB(frmMDI& form);
@@ -100,6 +102,7 @@ bool mnuDeleteByProperty(frmMDI& form);
 bool mnuDeleteBySubject(frmMDI& form);
 bool mnuEnvironment(frmMDI& form);
 bool mnuVocariumConfig(frmMDI& form);
+bool mnuSoundInfo(frmMDI& form);
 /// Releases an active filter after a question, then shows the filter dialog.
 bool mnuChoice(frmMDI& form);
 

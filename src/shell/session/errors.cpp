@@ -60,6 +60,15 @@ void LogError(Session& s, const base::Error& error, const std::string& source) {
   }
 }
 
+void NoteError(Session& s, const base::Error& error, const std::string& source) {
+  try {
+    if (appendToLog(s, logLine(s, error, source))) return;
+    ShowStatus(s, "Vocarium_Error_Log.TXT ?", false);
+  } catch (...) {
+    s.shell.failed = true;
+  }
+}
+
 base::Error currentError() {
   try {
     throw;

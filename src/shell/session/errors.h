@@ -18,6 +18,9 @@ inline constexpr int silentCancel = 32755;
 /// that can not be written is told in the same box.
 void LogError(Session& s, const base::Error& error, const std::string& source);
 
+/// Appends the error to the log alone: for a failure that the window shows in its own way. Never throws.
+void NoteError(Session& s, const base::Error& error, const std::string& source);
+
 /// The exception being handled as an Error; for a catch (...) alone.
 base::Error currentError();
 
