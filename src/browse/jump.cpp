@@ -7,6 +7,7 @@
 #include "browse/frmWoerter.h"
 #include "browse/values.h"
 #include "catalogue/keys.h"
+#include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
 #include "store/letters.h"
@@ -65,6 +66,16 @@ void goToTarget(frmWoerter& form) {
   }
   form.TargetPosition = 0;
   if (index >= 0) selectRow(form, index);
+}
+
+/// Shows the selected entry. The list works on where it can not be shown, which is reported.
+void showSelected(frmWoerter& form) {
+  try {
+    ShowEntry(form);
+  } catch (...) {
+    session::LogError(form.session, session::currentError(), "frmWoerter");
+    clearDisplay(form);
+  }
 }
 
 void openSubEntries(frmWoerter& form, std::size_t at) {
@@ -127,7 +138,7 @@ void SelectEntry(frmWoerter& form) {
   if (endsWith(list.List2[at], "->")) openSubEntries(form, at);
   form.session.entry.SelectedEntryId = list.List1[at];
   form.session.entry.SelectedMainEntryId = list.List3[at];
-  if (form.session.shell.entryDisplayed) ShowEntry(form);
+  if (form.session.shell.entryDisplayed) showSelected(form);
   form.selectionEnabled = true;
   form.focus = form.Text3.empty() ? BrowserFocus::list : BrowserFocus::searchBox;
   session::ShowStatus(form.session, "", false);
