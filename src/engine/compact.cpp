@@ -58,10 +58,11 @@ void copyAll(const AttachedFile& source, const AttachedFile& target, const stora
   }
 }
 
-void writeCopy(const file::Credential& credential, const std::string& from, const std::string& to,
-               const std::string& locale, std::time_t stamp, const Progress& progress) {
+void writeCopy(const file::Credential& credential, const std::string& from, bool exclusive,
+               const std::string& to, const std::string& locale, std::time_t stamp,
+               const Progress& progress) {
   Connection connection(credential);
-  const auto source = connection.open(from, true, false);
+  const auto source = connection.open(from, exclusive, !exclusive);
   const storage::CatalogData data = dataFor(*source, locale, stamp);
   const auto target = connection.create(to, data.locale);
   const Connection::Internal internal(connection);
@@ -97,25 +98,44 @@ bool hasLog(const std::string& path) {
 
 }  // namespace
 
-void CompactDatabase(Workspace& workspace, const std::string& source, const std::string& target,
-                     const std::string& locale, int options, const Progress& progress) {
-  workspace.Idle();
+namespace {
+
+/// Writes the copy beside its place, checks it and puts it there.
+void copyFile(Workspace& workspace, const std::string& source, bool exclusive, const std::string& target,
+              const std::string& locale, const Progress& progress) {
   WorkspaceCore& core = *workspace.impl().core;
   const std::string from = core.resolved(source), to = core.newPath(target);
-  if ((options & encrypted) == 0)
-    throw Error(errors::invalidArgument, "Dictionaries are always encrypted (option 2).");
   if (from == to || std::filesystem::exists(to))
     throw Error(errors::databaseExists, "The file " + to + " exists already.");
   if (!locale.empty()) text::collationName(locale);  // throws before anything is written
   const file::Credential& credential = core.connection().credential();
-  { const file::ExclusiveHold nobodyElse(from); }  // tells at once what the opening below would wait for
+  // Tells at once what the opening below would wait for.
+  if (exclusive) {
+    const file::ExclusiveHold nobodyElse(from);
+  }
   file::NewFile copy(to, "compact");
   const std::time_t stamp = stampOfNow();
-  writeCopy(credential, from, copy.path(), locale, stamp, progress);
+  writeCopy(credential, from, exclusive, copy.path(), locale, stamp, progress);
   checks::mustBeSound(credential, copy.path());
   setFileTime(copy.path(), stamp);
   copy.finish();
   if (progress) progress(1);
+}
+
+}  // namespace
+
+void CompactDatabase(Workspace& workspace, const std::string& source, const std::string& target,
+                     const std::string& locale, int options, const Progress& progress) {
+  workspace.Idle();
+  if ((options & encrypted) == 0)
+    throw Error(errors::invalidArgument, "Dictionaries are always encrypted (option 2).");
+  copyFile(workspace, source, true, target, locale, progress);
+}
+
+void CopyDatabase(Workspace& workspace, const std::string& source, const std::string& target,
+                  const Progress& progress) {
+  workspace.Idle();
+  copyFile(workspace, source, false, target, "", progress);
 }
 
 bool needsCompaction(Workspace& workspace, const std::string& path, const std::string& locale) {

@@ -52,9 +52,7 @@ Recordset Database::OpenRecordset(const std::string& source, RecordsetKind kind,
   RecordsetSource what;
   what.keepAlive = impl_;
   what.file = database.file;
-  what.openFile = [core = database.core](const std::string& path) {
-    return core->attach(path, false, false);
-  };
+  what.openFile = [core = database.core](const std::string& path) { return core->borrow(path); };
   what.text = source;
   what.kind = kind;
   what.parameters = parameters;

@@ -49,7 +49,7 @@ Binding::Binding(DatabaseImpl& database, Interface way) {
   context_.file = database.file.get();
   context_.way = way;
   context_.open = [this, &database](const std::string& path) -> const schema::Catalog& {
-    auto file = database.core->attach(path, false, false);
+    auto file = database.core->borrow(path);
     file->refresh();
     borrowed_.push_back(file);
     return *file;

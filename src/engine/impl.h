@@ -28,6 +28,8 @@ class WorkspaceCore {
   storage::Connection& connection() { return connection_; }
   /// Opens the file of a path in any case, or shares it when it is open.
   std::shared_ptr<storage::AttachedFile> attach(const std::string& path, bool exclusive, bool readOnly);
+  /// The file that IN names: as it is open, for reading alone too.
+  std::shared_ptr<storage::AttachedFile> borrow(const std::string& path);
   /// The file's real and resolved path; throws 53 or 3044 when there is none.
   std::string resolved(const std::string& path) const;
   /// The path of a file to be made, in the real spelling of its folder.

@@ -64,6 +64,11 @@ std::shared_ptr<storage::AttachedFile> WorkspaceCore::attach(const std::string& 
   return file;
 }
 
+std::shared_ptr<storage::AttachedFile> WorkspaceCore::borrow(const std::string& path) {
+  const auto known = resolved_.find(path);
+  return attach(path, false, connection_.isOpen(known != resolved_.end() ? known->second : resolved(path)));
+}
+
 std::shared_ptr<const sql::Statement> WorkspaceCore::parsed(const std::string& text) {
   if (const auto found = statements_.find(text); found != statements_.end()) return found->second;
   auto statement = std::make_shared<const sql::Statement>(sql::parse(text));

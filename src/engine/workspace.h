@@ -58,6 +58,10 @@ using Progress = std::function<void(double)>;
 /// existing target). Encrypted like every file; `options` as in CreateDatabase.
 void CompactDatabase(Workspace& workspace, const std::string& source, const std::string& target,
                      const std::string& locale, int options, const Progress& progress = {});
+/// Writes a copy of a file that may be open here and elsewhere to the new file `target`, with all that is
+/// committed: compact, checked, synced and complete, or not there. Equal paths are refused as above.
+void CopyDatabase(Workspace& workspace, const std::string& source, const std::string& target,
+                  const Progress& progress = {});
 /// Whether compacting would change anything: false when the file is as the last compaction left it
 /// and that used the same locale.
 bool needsCompaction(Workspace& workspace, const std::string& path, const std::string& locale);
