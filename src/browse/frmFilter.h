@@ -105,4 +105,10 @@ bool confirmFilter(frmFilter& form);
 /// What the browser does after the dialog closed: takes over the list's settings and loads again.
 void refreshAfterFilter(const frmFilter& form, frmWoerter& browser);
 
+/// Asks for a file, and writes the entries of the browser's recordset with their sub-entries and the media
+/// folder as a dictionary of its own; of several open files the current one's. False when the user does not
+/// want to. Throws 32755 when the dialog is cancelled, 3204 when the file is open, and what fails; a file of
+/// that name is replaced when the new one is whole.
+bool saveFiltered(frmWoerter& browser);
+
 }  // namespace browse

@@ -176,5 +176,9 @@ bool mnuChoice(frmMDI& form) {
     return true;
   });
 }
+bool mnuSaveFilter(frmMDI& form) {
+  return form.active != nullptr &&
+         session::guard(form.session, "frmWoerter", [&] { return browse::saveFiltered(*form.active); });
+}
 
 }  // namespace frame

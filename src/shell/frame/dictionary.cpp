@@ -14,6 +14,7 @@
 #include "store/dialogs.h"
 #include "store/files.h"
 #include "store/flat.h"
+#include "store/inverse.h"
 #include "store/open.h"
 #include "store/project.h"
 #include "store/services.h"
@@ -112,6 +113,9 @@ bool mnuCompactCurrentDB(frmMDI& form) {
 }
 bool mnurepair(frmMDI& form) {
   return command(form, [&] { store::RepairDB(form.session); });
+}
+bool mnuInverseTranslation(frmMDI& form) {
+  return command(form, [&] { return store::InverseTranslation(form.session); });
 }
 bool mnuBuildReportTables(frmMDI& form) {
   return command(form, [&] { return store::mnuBuildReportTables(form.session); });

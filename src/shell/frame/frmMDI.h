@@ -105,6 +105,10 @@ bool mnuVocariumConfig(frmMDI& form);
 bool mnuSoundInfo(frmMDI& form);
 /// Releases an active filter after a question, then shows the filter dialog.
 bool mnuChoice(frmMDI& form);
+/// Saves what the active browser lists as a dictionary of its own.
+bool mnuSaveFilter(frmMDI& form);
+/// Makes a dictionary whose entries are the meanings of another one.
+bool mnuInverseTranslation(frmMDI& form);
 
 /// Ends the program, which a close of the frame's window does too; offers a backup when the last one is
 /// more than 15 days old. False when the program runs on.
