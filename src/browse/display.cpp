@@ -2,15 +2,14 @@
 
 #include "browse/display.h"
 
-#include "base/paths.h"
 #include "base/text.h"
 #include "browse/frmWoerter.h"
 #include "browse/page_html.h"
 #include "browse/values.h"
 #include "catalogue/keys.h"
+#include "entry/media_files.h"
 #include "shell/session/errors.h"
 #include "shell/session/texts.h"
-#include "store/files.h"
 
 namespace browse {
 
@@ -95,13 +94,18 @@ std::string createdLabel(const session::Session& s, const EntryAggregate& entry)
          base::formatDate(*entry.entry.DateTimeStamp, "dd/mm/yy");
 }
 
+/// The path of a media file; empty where the entry names none.
+std::string mediaOf(session::Session& s, const std::string& name) {
+  return base::trim(name).empty() ? "" : entry::mediaPath(s, name);
+}
+
 /// What both presentations show outside the labels: media, links, attachments, cross-references.
 void showSurroundings(frmWoerter& form) {
   session::Session& s = form.session;
   EntryDisplay& display = form.display;
   const EntryAggregate& entry = display.aggregate;
-  display.picture = mediaPath(s, display.settings, entry.entry.Bild);
-  display.sound = mediaPath(s, display.settings, entry.entry.Klang);
+  display.picture = mediaOf(s, entry.entry.Bild);
+  display.sound = mediaOf(s, entry.entry.Klang);
   display.links = MSHFlexGridURLDesign(s, entry);
   display.attachments = DBGridAttachmentDesign(s, entry);
   display.crossReferences = MSHFlexGridQuerverweisDesign(s, entry);
@@ -132,16 +136,7 @@ DisplaySettings readDisplaySettings(session::Session& s) {
   settings.ShowURLSeparate = truth(row["ShowURLSeparate"]);
   settings.ShowRating = truth(row["ShowRating"]);
   settings.StyleSheetPath = row["StyleSheetPath"].textOrEmpty();
-  settings.Audiopfad = row["Audiopfad"].textOrEmpty();
   return settings;
-}
-
-std::string mediaPath(const session::Session& s, const DisplaySettings& settings, const std::string& name) {
-  if (base::trim(name).empty()) return "";
-  const std::string set = settings.Audiopfad + name;
-  // The setting may still name the place from which the dictionary was moved here.
-  if (!settings.Audiopfad.empty() && s.files.paths.exists(set)) return s.files.paths.real(set).string();
-  return (store::mediaFolder(s, s.files.CurrentDBPath) / name).string();
 }
 
 void ShowAllToWordUniCode(frmWoerter& form) {

@@ -59,7 +59,7 @@ struct EntryAggregate {
 struct DisplaySettings {
   bool Stil1 = false, Stil2 = false;  ///< either on: as a page
   bool EnumMeaning = false, ShowURLSeparate = false, ShowRating = false;
-  std::string StyleSheetPath, Audiopfad;
+  std::string StyleSheetPath;
 };
 
 /// A range of the note's characters.
@@ -106,8 +106,6 @@ struct EntryDisplay {
 /// Reads an entry of the current dictionary. An entry that is gone gives an empty aggregate.
 EntryAggregate ReadFromDB_Woerterbuch(session::Session& s, std::int64_t id);
 DisplaySettings readDisplaySettings(session::Session& s);
-/// The path of a media file by its name in the entry; empty where the entry names none.
-std::string mediaPath(const session::Session& s, const DisplaySettings& settings, const std::string& name);
 
 /// Fills the labels and the grids of the grid presentation from the aggregate.
 void ShowAllToWordUniCode(frmWoerter& form);

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "browse/values.h"
 #include "catalogue/keys.h"
+#include "entry/media_files.h"
 #include "shell/session/routines.h"
 #include "shell/session/start.h"
 #include "shell/session/texts.h"
@@ -52,9 +53,8 @@ std::string ratingImage(const session::Session& s) {
 }
 
 /// A picture lies in the media folder; one that was put beside the dictionary counts as well.
-std::string pictureAddress(const session::Session& s, const DisplaySettings& settings,
-                           const std::string& name) {
-  const std::string media = mediaPath(s, settings, name);
+std::string pictureAddress(session::Session& s, const std::string& name) {
+  const std::string media = entry::mediaPath(s, name);
   std::error_code ignored;
   return fs::exists(media, ignored) ? media : (dictionaryFolder(s) / name).string();
 }
@@ -174,11 +174,10 @@ void note(Page& page, const std::string& text) {
   page.add("</H6>");
 }
 
-void picture(Page& page, const session::Session& s, const DisplaySettings& settings,
-             const std::string& name) {
+void picture(Page& page, session::Session& s, const std::string& name) {
   if (!pageShowsPicture(name)) return;
   page.add("<BR>");
-  page.add("<IMG SRC=\"" + pictureAddress(s, settings, name) + "\">");
+  page.add("<IMG SRC=\"" + pictureAddress(s, name) + "\">");
   page.add("<BR>");
 }
 
@@ -208,7 +207,7 @@ std::string composed(session::Session& s, const EntryAggregate& entry, const Dis
     entryLists(page, s, entry.flat);
     if (s.project.ProjectType == 1) meanings(page, s, entry.entry.ID_Woerterbuch, settings.EnumMeaning);
     note(page, entry.entry.Bemerkung);
-    picture(page, s, settings, entry.entry.Bild);
+    picture(page, s, entry.entry.Bild);
     if (s.project.ProjectType == 2)
       for (const WebLink& each : entry.links) link(page, s, settings, each);
   }
