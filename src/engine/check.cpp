@@ -1,5 +1,6 @@
 #include "engine/file_checks.h"
 #include "engine/impl.h"
+#include "engine/storage/text_index.h"
 
 namespace engine {
 
@@ -19,6 +20,7 @@ void checkContent(const file::Credential& credential, const std::string& path,
     append(lines, checks::catalogueFaults(*file));
     append(lines, checks::structureFaults(*file, true));
     append(lines, checks::relationFaults(*file));
+    append(lines, storage::textIndexFaults(*file, lines.empty()));
   } catch (const Error& error) {
     if (error.number() != errors::notADictionary) throw;
     lines.push_back(error.text());

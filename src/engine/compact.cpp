@@ -14,6 +14,7 @@
 #include "engine/impl.h"
 #include "engine/row_copy.h"
 #include "engine/storage/catalog.h"
+#include "engine/storage/text_index.h"
 #include "engine/text/collation.h"
 
 namespace engine {
@@ -32,6 +33,7 @@ storage::CatalogData dataFor(const AttachedFile& source, const std::string& loca
   data.collation = text::collationName(data.locale);
   data.collationVersion = text::collationVersion(data.collation);
   data.compaction = std::to_string(stamp);
+  data.format = storage::formatVersion;
   return data;
 }
 
@@ -56,6 +58,7 @@ void copyAll(const AttachedFile& source, const AttachedFile& target, const stora
     if (progress)
       progress(rowsShare + (indexesShare - rowsShare) * ++tables / static_cast<double>(data.tables.size()));
   }
+  for (storage::TextIndexRecord record : data.texts) storage::copyTextIndex(source, target, data, record);
 }
 
 void writeCopy(const file::Credential& credential, const std::string& from, bool exclusive,

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "engine/storage/catalog.h"
+#include "engine/storage/text_index.h"
 
 namespace engine::checks {
 
@@ -132,7 +133,8 @@ std::vector<std::string> relationFaults(storage::AttachedFile& file) {
 void mustBeSound(const file::Credential& credential, const std::string& path) {
   Connection connection(credential);
   const auto file = connection.open(path, true, false);
-  for (const auto& faults : {structureFaults(*file, false), catalogueFaults(*file)}) {
+  for (const auto& faults :
+       {structureFaults(*file, false), catalogueFaults(*file), storage::textIndexFaults(*file, false)}) {
     if (!faults.empty())
       throw Error(errors::notADictionary, "The new file " + path + " is not sound. " + faults.front());
   }

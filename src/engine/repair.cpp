@@ -6,6 +6,7 @@
 #include "engine/impl.h"
 #include "engine/row_copy.h"
 #include "engine/salvaged_rows.h"
+#include "engine/storage/text_index.h"
 
 namespace engine {
 
@@ -29,6 +30,7 @@ void writeSalvaged(const file::Credential& credential, const std::string& from, 
   BulkWrite write(*target);
   const storage::CatalogData data = repair::salvageCatalogue(source, *target, findings);
   repair::salvageRows(source, data, *target, findings, progress);
+  for (storage::TextIndexRecord record : data.texts) storage::makeTextIndex(*target, data, record);
   write.commit();
 }
 

@@ -25,7 +25,8 @@ const std::map<std::string, std::string>& contents() {
                                                            {"vc$relation", "relations between tables"},
                                                            {"vc$property", "properties of fields"},
                                                            {"vc$permission", "rights"},
-                                                           {"vc$watch", "kept selections of rows"}};
+                                                           {"vc$watch", "kept selections of rows"},
+                                                           {"vc$text", "which texts are indexed"}};
   return names;
 }
 
@@ -80,6 +81,8 @@ void fillHidden(Source& source, AttachedFile& target, Findings& findings) {
     runStatement(target.connection().handle(), "DELETE FROM " + target.schemaName() + "." + quoteName(name));
     Inserter inserter(target, name, columns.names, columns.number, "");
     const file::SchemaEntry* entry = source.table(name);
+    if (entry == nullptr && name == "vc$text" && source.salvage.schemaWhole())
+      continue;  // a file of format 1
     const auto report = source.salvage.walk(entry == nullptr ? 0 : entry->root,
                                             [&](const auto& row) { inserter.insert(row); });
     if (report.lostPages > 0 || report.cutRows > 0) damaged += (damaged.empty() ? "" : ", ") + content;
@@ -237,6 +240,18 @@ void keepPossibleRelations(storage::CatalogData& data, Findings& findings) {
   });
 }
 
+// The indexes are made anew, for tables and fields that are left.
+void keepPossibleTextIndexes(storage::CatalogData& data) {
+  std::erase_if(data.texts, [&](const storage::TextIndexRecord& record) {
+    const auto table = std::find_if(data.tables.begin(), data.tables.end(),
+                                    [&](const auto& any) { return any.name == record.table; });
+    return table == data.tables.end() || table->counter() < 0 || record.columns.empty() ||
+           !std::all_of(record.columns.begin(), record.columns.end(),
+                        [&](const std::string& column) { return table->find(column) >= 0; });
+  });
+  for (storage::TextIndexRecord& record : data.texts) record.rules.clear();
+}
+
 }  // namespace
 
 storage::CatalogData salvageCatalogue(Source& source, AttachedFile& target, Findings& findings) {
@@ -258,6 +273,8 @@ storage::CatalogData salvageCatalogue(Source& source, AttachedFile& target, Find
   keepPossibleRelations(data, findings);
   data.collationVersion = text::collationVersion(data.collation);
   data.compaction.clear();
+  data.format = storage::formatVersion;
+  keepPossibleTextIndexes(data);
   storage::writeCatalog(handle, target.schemaName(), data);
   return data;
 }

@@ -23,6 +23,10 @@ struct Binder {
   std::vector<std::optional<ColumnType>> parameterTypes;
   bool parametersAllowed = true;  ///< false in criteria: an unknown name ends in 3070
 
+  /// The expression that is bound next decides about rows, where Null is as good as false.
+  bool nullIsFalse = false;
+  std::map<int, Key> tables;  ///< of the base table instances, by number
+
   int nextId = 0;
   int lastExpression = 999;  ///< a result without a name is called Expr1000, Expr1001 ...
   std::size_t bound = 0;     ///< tables and queries so far, for the limit on the whole statement
@@ -57,7 +61,8 @@ Bound bindExpression(Binder& binder, const Level& level, const sql::Expr& expr);
 /// The expression for a WHERE: SQLite's truth.
 std::string condition(const Bound& bound);
 Bound compare(const Level& level, const Bound& left, const std::string& op, const Bound& right);
-Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr);
+/// `nullIsFalse`: see Binder.
+Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse);
 Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr);
 /// The expression with the collation that its texts compare by; as it is when it can be no text.
 std::string collated(const Level& level, const Bound& bound);

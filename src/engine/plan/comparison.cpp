@@ -115,18 +115,37 @@ namespace {
 
 /// The texts that can match lie between two bounds, where an index of the column finds them. The bounds add
 /// nothing to the meaning.
-std::string withinBounds(const Bound& column, const Value& pattern, int wildcards,
+std::string withinBounds(const Bound& column, const text::LikePattern& pattern,
                          const std::string& collation) {
-  const auto bounds = text::LikePattern(pattern.text(), wildcards, text::collator(collation)).bounds();
+  const auto bounds = pattern.bounds();
   if (!bounds) return {};
   const std::string left = collate(column.text, collation);
   return left + " >= " + literal(Value(bounds->first)) + " AND " + left +
          " <= " + literal(Value(bounds->second)) + " AND ";
 }
 
+bool leadsIndex(const schema::Table& table, int column) {
+  return std::any_of(table.indexes.begin(), table.indexes.end(),
+                     [&](const schema::Index& index) { return table.find(index.columns.front()) == column; });
+}
+
+/// The rows whose texts may match, where an index of the column's trigrams lists them. It can not tell a
+/// Null, so this serves only where Null is false.
+std::string amongCandidates(const Binder& binder, const Bound& column, const text::LikePattern& pattern) {
+  const auto found = binder.tables.find(column.key);
+  // The name of an instance inside a nested select can not be said out here.
+  if (found == binder.tables.end() || column.refs != Refs{column.key}) return {};
+  const Key& key = found->second;
+  if (pattern.bounds() && leadsIndex(*key.table, column.position)) return {};
+  const auto grams = pattern.grams();
+  if (grams.empty()) return {};
+  const std::string rows = key.file->rowsWithGrams(*key.table, column.position, grams);
+  return rows.empty() ? rows : key.rowid + " IN (" + rows + ") AND ";
+}
+
 }  // namespace
 
-Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr) {
+Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse) {
   const Bound operand = bindExpression(binder, level, *expr.args[0]);
   const Bound pattern = bindExpression(binder, level, *expr.args[1]);
   if (isNumber(operand) && pattern.constant) {
@@ -146,8 +165,11 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr) {
                      (isDate(pattern) ? asText(pattern) : value(pattern)) + ", " + literal(Value(collation)) +
                      ")";
   if (expr.negated) return truth("(NOT " + text + ")", operand, pattern);
-  if (isText(operand) && operand.key >= 0 && pattern.constant && pattern.constant->isText())
-    text = "(" + withinBounds(operand, *pattern.constant, second ? 2 : 1, collation) + text + ")";
+  if (isText(operand) && operand.key >= 0 && pattern.constant && pattern.constant->isText()) {
+    const text::LikePattern like(pattern.constant->text(), second ? 2 : 1, text::collator(collation));
+    const std::string candidates = nullIsFalse ? amongCandidates(binder, operand, like) : std::string();
+    text = "(" + candidates + withinBounds(operand, like, collation) + text + ")";
+  }
   return truth(text, operand, pattern);
 }
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "engine/plan/binder.h"
 #include "engine/plan/names.h"
 
@@ -127,8 +129,11 @@ bool isComparison(const std::string& op) {
   return op == "=" || op == "<>" || op == "<" || op == "<=" || op == ">" || op == ">=";
 }
 
-Bound bindBinary(Binder& binder, const Level& level, const sql::Expr& expr) {
+Bound bindBinary(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse) {
+  const bool still = nullIsFalse && (expr.op == "AND" || expr.op == "OR");
+  binder.nullIsFalse = still;
   const Bound a = bindExpression(binder, level, *expr.args[0]);
+  binder.nullIsFalse = still;
   const Bound b = bindExpression(binder, level, *expr.args[1]);
   if (isLogical(expr.op)) return logical(expr.op, a, b);
   if (isComparison(expr.op)) return compare(level, a, expr.op, b);
@@ -186,7 +191,7 @@ Bound bindScalar(Binder& binder, const Level& level, const sql::Expr& expr) {
   return bound;
 }
 
-Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr) {
+Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse) {
   switch (expr.kind) {
     case sql::ExprKind::literal:
       return bindLiteral(expr.value);
@@ -197,9 +202,9 @@ Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr) {
     case sql::ExprKind::unary:
       return bindUnary(binder, level, expr);
     case sql::ExprKind::binary:
-      return bindBinary(binder, level, expr);
+      return bindBinary(binder, level, expr, nullIsFalse);
     case sql::ExprKind::like:
-      return bindLike(binder, level, expr);
+      return bindLike(binder, level, expr, nullIsFalse);
     case sql::ExprKind::between:
       return bindBetween(binder, level, expr);
     case sql::ExprKind::in:
@@ -221,7 +226,8 @@ Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr) {
 }  // namespace
 
 Bound bindExpression(Binder& binder, const Level& level, const sql::Expr& expr) {
-  Bound bound = bindNode(binder, level, expr);
+  const bool nullIsFalse = std::exchange(binder.nullIsFalse, false);
+  Bound bound = bindNode(binder, level, expr, nullIsFalse);
   spend(binder, bound.text.size());
   return bound;
 }

@@ -41,6 +41,8 @@ Item bindTable(Binder& binder, const schema::Catalog& file, const schema::Table&
   member.present = rowidText(table, alias);
   member.keys = {Key{id, &file, &table, member.present, false}};
 
+  binder.tables.emplace(id, member.keys.front());
+
   Range range;
   range.name = name;
   range.columns.reserve(table.columns.size());
@@ -219,6 +221,7 @@ void bindTerms(Binder& binder, const Level& level, const sql::Expr& expr, std::v
     bindTerms(binder, level, *expr.args[1], terms);
     return;
   }
+  binder.nullIsFalse = true;
   const Bound bound = bindExpression(binder, level, expr);
   if (bound.aggregate) refuse("An aggregate can not stand in a condition on rows");
   terms.push_back({condition(bound), bound.refs, bound.link, false});

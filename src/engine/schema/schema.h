@@ -15,7 +15,7 @@ namespace engine::schema {
 struct Column {
   std::string name;
   ColumnType type = ColumnType::text;
-  int size = 0;                 ///< characters for text, else 0
+  int size = 0;  ///< characters for text, else 0
   bool required = false;
   bool allowZeroLength = false;
 };
@@ -28,7 +28,7 @@ struct Index {
 };
 
 struct Table {
-  std::string name;             ///< as it was created
+  std::string name;  ///< as it was created
   std::vector<Column> columns;
   std::vector<Index> indexes;
 
@@ -55,6 +55,12 @@ class Catalog {
   virtual const std::string& collation() const = 0;
   virtual const Table* table(std::string_view name) const = 0;
   virtual const StoredQuery* query(std::string_view name) const = 0;
+  /// A select of row numbers, for SQLite, among them those of all rows in whose column these trigrams stand
+  /// (text::LikePattern::grams); empty when there is no index of them, or none that helps.
+  virtual std::string rowsWithGrams(const Table& /*table*/, int /*column*/,
+                                    const std::vector<std::string>& /*grams*/) const {
+    return {};
+  }
   /// Raised with every change of a definition.
   virtual std::int64_t version() const = 0;
 };

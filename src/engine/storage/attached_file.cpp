@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "engine/storage/text_index.h"
 #include "engine/text/collation.h"
 
 namespace engine::storage {
@@ -54,6 +55,17 @@ const schema::Table* AttachedFile::table(std::string_view name) const {
 const schema::StoredQuery* AttachedFile::query(std::string_view name) const {
   const auto found = queries_.find(base::lower(name));
   return found == queries_.end() ? nullptr : &found->second;
+}
+
+std::string AttachedFile::rowsWithGrams(const schema::Table& table, int column,
+                                        const std::vector<std::string>& grams) const {
+  const std::string& name = table.columns[static_cast<std::size_t>(column)].name;
+  for (const TextIndexRecord& record : data_.texts) {
+    if (record.table != table.name || !isUsable(data_, record)) continue;
+    if (std::find(record.columns.begin(), record.columns.end(), name) == record.columns.end()) continue;
+    return storage::rowsWithGrams(*this, record, grams);
+  }
+  return {};
 }
 
 const schema::Table& AttachedFile::existingTable(std::string_view name) const {

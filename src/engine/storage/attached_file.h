@@ -29,6 +29,8 @@ class AttachedFile final : public schema::Catalog {
   const std::string& collation() const override { return data_.collation; }
   const schema::Table* table(std::string_view name) const override;
   const schema::StoredQuery* query(std::string_view name) const override;
+  std::string rowsWithGrams(const schema::Table& table, int column,
+                            const std::vector<std::string>& grams) const override;
   std::int64_t version() const override { return version_; }
 
   Connection& connection() const { return connection_; }
@@ -61,6 +63,8 @@ class AttachedFile final : public schema::Catalog {
   void setProperty(const PropertyRecord& property);
   void setPermission(const PermissionRecord& permission);
   void appendWatch(const WatchRecord& watch);
+  /// Declares an index that the next compaction makes; see engine::indexTexts for what it throws.
+  void appendTextIndex(const TextIndexRecord& record);
   /// Marks the file as compacted just now, or anything else under a key of vc$file.
   void setFileValue(const std::string& key, const std::string& value);
 
@@ -82,6 +86,8 @@ class AttachedFile final : public schema::Catalog {
   /// Replaces SQLite's text of a table by the one that `data` describes; the rows' form must stay.
   void rewriteTable(const CatalogData& data, const schema::Table& table);
   void convertColumn(const schema::Table& table, const schema::Column& column);
+  /// Drops the index of a table whose rows are about to change their form, or only what it holds.
+  void forgetTextIndex(CatalogData& next, const std::string& table, bool recordToo);
   void refuseTakenName(std::string_view name) const;
   /// Whether a select gives any row.
   bool any(const std::string& select) const;

@@ -36,6 +36,8 @@ constexpr std::array hiddenTables = {
        "permissions" INTEGER NOT NULL, PRIMARY KEY("container", "document", "user")) WITHOUT ROWID)",
     R"("vc$watch"("tableName" TEXT NOT NULL, "condition" TEXT NOT NULL, "text" TEXT NOT NULL,
        PRIMARY KEY("tableName", "condition")) WITHOUT ROWID)",
+    R"("vc$text"("tableName" TEXT PRIMARY KEY, "columns" TEXT NOT NULL, "lastRow" INTEGER NOT NULL,
+       "rules" TEXT NOT NULL) WITHOUT ROWID)",
 };
 
 std::string hidden(const std::string& schemaName, const char* table) {
@@ -111,6 +113,26 @@ void readTables(sqlite3* connection, const std::string& schemaName, CatalogData&
   }
 }
 
+bool isThere(sqlite3* connection, const std::string& schemaName, const char* table) {
+  Statement found(connection, "SELECT 1 FROM " + schema::quoteName(schemaName) +
+                                  ".sqlite_master WHERE type = 'table' AND name = ?1");
+  found.bindText(1, table);
+  return found.step();
+}
+
+// Files of format 1 lack the table.
+void readTextIndexes(sqlite3* connection, const std::string& schemaName, CatalogData& data) {
+  if (!isThere(connection, schemaName, "vc$text")) return;
+  Statement texts(connection, "SELECT \"tableName\", \"columns\", \"lastRow\", \"rules\" FROM " +
+                                  hidden(schemaName, "vc$text"));
+  while (texts.step()) {
+    std::vector<std::string> columns;
+    for (const std::string& column : base::split(texts.text(1), "\n")) columns.push_back(column);
+    data.texts.push_back(
+        {std::string(texts.text(0)), std::move(columns), texts.integer(2), std::string(texts.text(3))});
+  }
+}
+
 void readOthers(sqlite3* connection, const std::string& schemaName, CatalogData& data) {
   Statement queries(connection,
                     "SELECT \"name\", \"text\" FROM " + hidden(schemaName, "vc$query") + " ORDER BY \"id\"");
@@ -175,21 +197,18 @@ void createCatalog(sqlite3* connection, const std::string& schemaName) {
 }
 
 CatalogData readCatalog(sqlite3* connection, const std::string& schemaName) {
-  {
-    Statement found(connection, "SELECT count(*) FROM " + schema::quoteName(schemaName) +
-                                    ".sqlite_master WHERE type = 'table' AND name = 'vc$file'");
-    if (!found.step() || found.integer(0) == 0) refuseCatalogue();
-  }
+  if (!isThere(connection, schemaName, "vc$file")) refuseCatalogue();
   CatalogData data;
   readFileValues(connection, schemaName, data);
   readTables(connection, schemaName, data);
   readOthers(connection, schemaName, data);
+  readTextIndexes(connection, schemaName, data);
   return data;
 }
 
 void writeCatalog(sqlite3* connection, const std::string& schemaName, const CatalogData& data) {
   for (const char* table : {"vc$file", "vc$table", "vc$column", "vc$index", "vc$query", "vc$relation",
-                            "vc$property", "vc$permission", "vc$watch"}) {
+                            "vc$property", "vc$permission", "vc$watch", "vc$text"}) {
     runStatement(connection, "DELETE FROM " + hidden(schemaName, table));
   }
   const std::pair<const char*, std::string> values[] = {{"format", std::to_string(data.format)},
@@ -206,6 +225,7 @@ void writeCatalog(sqlite3* connection, const std::string& schemaName, const Cata
   for (const auto& property : data.properties) writeProperty(connection, schemaName, property);
   for (const auto& permission : data.permissions) writePermission(connection, schemaName, permission);
   for (const auto& watch : data.watches) writeWatch(connection, schemaName, watch);
+  for (const auto& text : data.texts) writeTextIndex(connection, schemaName, text);
 }
 
 void writeTable(sqlite3* connection, const std::string& schemaName, const schema::Table& table) {
@@ -245,6 +265,21 @@ void eraseTable(sqlite3* connection, const std::string& schemaName, const std::s
     runStatement(connection, "DELETE FROM " + hidden(schemaName, part) + " WHERE \"tableName\" = ?1",
                  {table});
   }
+}
+
+void writeTextIndex(sqlite3* connection, const std::string& schemaName, const TextIndexRecord& record) {
+  if (!isThere(connection, schemaName, "vc$text"))
+    runStatement(connection, "CREATE TABLE " + schema::quoteName(schemaName) + "." + hiddenTables.back());
+  std::string columns;
+  for (const std::string& column : record.columns) columns += (columns.empty() ? "" : "\n") + column;
+  runStatement(connection,
+               "INSERT OR REPLACE INTO " + hidden(schemaName, "vc$text") + " VALUES (?1, ?2, ?3, ?4)",
+               {record.table, columns, record.lastRow, record.rules});
+}
+
+void eraseTextIndex(sqlite3* connection, const std::string& schemaName, const std::string& table) {
+  runStatement(connection, "DELETE FROM " + hidden(schemaName, "vc$text") + " WHERE \"tableName\" = ?1",
+               {table});
 }
 
 void writeQuery(sqlite3* connection, const std::string& schemaName, const schema::StoredQuery& query) {

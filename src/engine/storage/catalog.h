@@ -12,12 +12,12 @@ struct sqlite3;
 /// The hidden tables of a file and their content as plain data.
 ///
 /// Every definition stands in tables of the file itself, named "vc$...": vc$file (key, value), vc$table,
-/// vc$column, vc$index, vc$query, vc$relation, vc$property, vc$permission, vc$watch. SQLite's own schema
-/// repeats only what it needs to store rows and to enforce keys and relations.
+/// vc$column, vc$index, vc$query, vc$relation, vc$property, vc$permission, vc$watch, vc$text. SQLite's own
+/// schema repeats only what it needs to store rows and to enforce keys and relations.
 namespace engine::storage {
 
 /// Raised when a file's hidden tables or the form of its rows change; a file of a later number is refused.
-inline constexpr int formatVersion = 1;
+inline constexpr int formatVersion = 2;
 
 struct RelationRecord {
   std::string name, table, foreignTable, field, foreignField;
@@ -41,6 +41,14 @@ struct WatchRecord {
   std::string text;       ///< the same for SQLite, column names bare and quoted
 };
 
+/// Texts of a table that has a counter are kept in an index of trigrams; see text_index.h.
+struct TextIndexRecord {
+  std::string table;
+  std::vector<std::string> columns;
+  std::int64_t lastRow = 0;  ///< the highest row when the index was made
+  std::string rules;         ///< what its letters were made by; empty while there is no index
+};
+
 /// All that the hidden tables hold.
 struct CatalogData {
   int format = formatVersion;
@@ -56,6 +64,7 @@ struct CatalogData {
   std::vector<PropertyRecord> properties;
   std::vector<PermissionRecord> permissions;
   std::vector<WatchRecord> watches;
+  std::vector<TextIndexRecord> texts;
 };
 
 /// 3343 for a file that a later version of the program wrote.
@@ -86,6 +95,9 @@ void eraseProperty(sqlite3* connection, const std::string& schemaName, const Pro
 void writePermission(sqlite3* connection, const std::string& schemaName, const PermissionRecord& permission);
 void writeWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
 void eraseWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
+/// Or replaces; makes the hidden table in a file that is older than it.
+void writeTextIndex(sqlite3* connection, const std::string& schemaName, const TextIndexRecord& record);
+void eraseTextIndex(sqlite3* connection, const std::string& schemaName, const std::string& table);
 void writeFileValue(sqlite3* connection, const std::string& schemaName, const std::string& key,
                     const std::string& value);
 /// The counter of definitions alone; 0 when it is missing.
@@ -103,6 +115,8 @@ struct StoredIndex {
 };
 std::vector<StoredIndex> indexStatements(const CatalogData& data, const schema::Table& table,
                                          const std::string& schemaName);
+/// A name inside a file that no other kind, table and part make.
+std::string hiddenName(const char* kind, const std::string& table, const std::string& part);
 /// SQLite's name of a declared index: its names repeat across tables.
 std::string indexName(const schema::Table& table, const schema::Index& index);
 /// Whether SQLite needs an index of its own for a declared one: the counter alone is the row's number.

@@ -43,6 +43,13 @@ bool inRelation(const CatalogData& data, std::string_view table, std::string_vie
   });
 }
 
+bool isInTextIndex(const CatalogData& data, const std::string& table, const std::string& column) {
+  return std::any_of(data.texts.begin(), data.texts.end(), [&](const TextIndexRecord& record) {
+    return record.table == table &&
+           std::find(record.columns.begin(), record.columns.end(), column) != record.columns.end();
+  });
+}
+
 void checkColumns(const schema::Table& table) {
   if (table.columns.empty()) throw Error(errors::syntax, "The table \"" + table.name + "\" needs a field.");
   int counters = 0;
@@ -197,6 +204,7 @@ void AttachedFile::dropTable(std::string_view name) {
                                                        relation.name + "\" needs it.");
       }
     }
+    forgetTextIndex(next, real, true);
     runStatement(connection_.handle(), "DROP TABLE " + qualified(real));
     eraseTable(connection_.handle(), schemaName_, real);
     std::erase_if(next.tables, [&](const schema::Table& table) { return table.name == real; });
@@ -278,6 +286,7 @@ void AttachedFile::alterColumn(std::string_view table, const schema::Column& col
                     "The type of \"" + changed.name + "\" in \"" + target.name +
                         "\" can not change: it is a counter or part of a relation.");
       }
+      forgetTextIndex(next, target.name, isInTextIndex(next, target.name, changed.name));
       dropStoredIndexes(target.name);
       rewriteTable(next, target);
       convertColumn(target, changed);
@@ -330,6 +339,7 @@ void AttachedFile::dropColumn(std::string_view table, std::string_view column) {
       if (goes) eraseProperty(connection_.handle(), schemaName_, property);
       return goes;
     });
+    forgetTextIndex(next, target.name, isInTextIndex(next, target.name, dropped.name));
     dropStoredIndexes(target.name);
     runStatement(connection_.handle(),
                  "ALTER TABLE " + qualified(target.name) + " DROP COLUMN " + quoteName(dropped.name));

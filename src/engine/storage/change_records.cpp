@@ -4,6 +4,7 @@
 #include "engine/storage/attached_file.h"
 #include "engine/storage/definition_change.h"
 #include "engine/storage/messages.h"
+#include "engine/storage/text_index.h"
 
 /// Queries, relations, properties and the other small definitions of a file.
 namespace engine::storage {
@@ -147,6 +148,45 @@ void AttachedFile::appendWatch(const WatchRecord& watch) {
     writeWatch(connection_.handle(), schemaName_, made);
     syncIndexes(next, existingTable(made.table));
   });
+}
+
+void AttachedFile::appendTextIndex(const TextIndexRecord& record) {
+  const schema::Table& table = existingTable(record.table);
+  if (table.counter() < 0)
+    throw Error(errors::invalidArgument,
+                "The table \"" + table.name + "\" has no counter to find its rows by.");
+  TextIndexRecord made{table.name, {}, 0, {}};
+  for (const std::string& name : record.columns) {
+    const int position = table.find(name);
+    if (position < 0)
+      throw Error(errors::itemNotFound, "The table \"" + table.name + "\" has no field \"" + name + "\".");
+    const schema::Column& column = table.columns[static_cast<std::size_t>(position)];
+    if (column.type != ColumnType::text && column.type != ColumnType::memo)
+      throw Error(errors::invalidArgument, "The field \"" + column.name + "\" holds no texts.");
+    made.columns.push_back(column.name);
+  }
+  const auto isIt = [&](const TextIndexRecord& other) { return other.table == made.table; };
+  const auto known = std::find_if(data_.texts.begin(), data_.texts.end(), isIt);
+  if (known != data_.texts.end() && known->columns == made.columns) return;
+  change([&](CatalogData& next) {
+    forgetTextIndex(next, made.table, true);
+    next.texts.push_back(made);
+    next.format = formatVersion;
+    writeTextIndex(connection_.handle(), schemaName_, made);
+    writeFileValue(connection_.handle(), schemaName_, "format", std::to_string(next.format));
+  });
+}
+
+void AttachedFile::forgetTextIndex(CatalogData& next, const std::string& table, bool recordToo) {
+  for (TextIndexRecord& record : next.texts) {
+    if (record.table != table) continue;
+    dropTextIndex(*this, record);
+    if (recordToo)
+      eraseTextIndex(connection_.handle(), schemaName_, table);
+    else
+      writeTextIndex(connection_.handle(), schemaName_, record);
+  }
+  if (recordToo) std::erase_if(next.texts, [&](const auto& record) { return record.table == table; });
 }
 
 void AttachedFile::setFileValue(const std::string& key, const std::string& value) {

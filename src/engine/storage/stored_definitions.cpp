@@ -10,12 +10,6 @@ namespace {
 
 using schema::quoteName;
 
-// A name inside a file that no other pair of table and part makes: lengths keep "a$b"+"c" and "a"+"b$c"
-// apart.
-std::string hiddenName(const char* kind, const std::string& table, const std::string& part) {
-  return std::string("vc$") + kind + "$" + std::to_string(table.size()) + "$" + table + "$" + part;
-}
-
 std::string foreignKey(const RelationRecord& relation) {
   std::string text = ", FOREIGN KEY(" + quoteName(relation.foreignField) + ") REFERENCES " +
                      quoteName(relation.table) + "(" + quoteName(relation.field) + ")";
@@ -55,6 +49,11 @@ std::string watchedColumn(const schema::Table& table, const WatchRecord& watch) 
 }
 
 }  // namespace
+
+// Lengths keep "a$b"+"c" and "a"+"b$c" apart.
+std::string hiddenName(const char* kind, const std::string& table, const std::string& part) {
+  return std::string("vc$") + kind + "$" + std::to_string(table.size()) + "$" + table + "$" + part;
+}
 
 std::string indexName(const schema::Table& table, const schema::Index& index) {
   return hiddenName("index", table.name, index.name);

@@ -171,6 +171,28 @@ void Collator::buildAsciiTable() {
   }
 }
 
+char32_t Collator::fold(char32_t c) const {
+  if (dottedI_) {
+    if (c == U'I') return U'ı';
+    if (c == U'İ' || c == U'i') return U'i';
+    if (c == U'ı') return c;
+  }
+  if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
+  // These fold to letters that they do not sort as: the combining iota, the long s, plain and with a dot.
+  if (c == 0x345 || c == 0x17F || c == 0x1E9B) return c;
+  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
+}
+
+std::string Collator::sortKey(char32_t character) const {
+  UChar units[U16_MAX_LENGTH];
+  std::int32_t length = 0;
+  U16_APPEND_UNSAFE(units, length, character);
+  std::string key(static_cast<std::size_t>(ucol_getSortKey(collator_.get(), units, length, nullptr, 0)), 0);
+  ucol_getSortKey(collator_.get(), units, length, reinterpret_cast<std::uint8_t*>(key.data()),
+                  static_cast<std::int32_t>(key.size()));
+  return key;
+}
+
 bool Collator::mayContract(char32_t character, char32_t next) const {
   if (character >= 128 || next >= 128) {
     const auto starts = [this](UChar32 c) { return uset_contains(contractionStarts_.get(), c) != 0; };

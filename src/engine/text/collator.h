@@ -21,6 +21,10 @@ class Collator {
   int compare(std::string_view a, std::string_view b) const;
   /// Turkish and Azeri pair i with İ and ı with I.
   bool dottedI() const { return dottedI_; }
+  /// The letter that stands for a character where case does not count.
+  char32_t fold(char32_t character) const;
+  /// Bytes that two characters share exactly when compare() gives 0 for them.
+  std::string sortKey(char32_t character) const;
   /// Whether a character, in either case, may melt with the one behind it and then sort elsewhere than on
   /// its own (Czech "c" and "h"). A follower that is not ASCII counts as one that may.
   bool mayContract(char32_t character, char32_t next) const;

@@ -2,8 +2,11 @@
 
 #include <unicode/uchar.h>
 
+#include <algorithm>
+
 #include "base/utf8.h"
 #include "engine/text/collation.h"
+#include "engine/text/grams.h"
 #include "engine/types/types.h"
 
 namespace engine::text {
@@ -25,18 +28,6 @@ char32_t nextOf(std::string_view text, std::size_t& at) {
 
 }  // namespace
 
-char32_t LikePattern::fold(char32_t c) const {
-  if (collator_->dottedI()) {
-    if (c == U'I') return U'ı';
-    if (c == U'İ' || c == U'i') return U'i';
-    if (c == U'ı') return c;
-  }
-  if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
-  // These fold to letters that they do not sort as: the combining iota, the long s, plain and with a dot.
-  if (c == 0x345 || c == 0x17F || c == 0x1E9B) return c;
-  return static_cast<char32_t>(u_foldCase(static_cast<UChar32>(c), U_FOLD_CASE_DEFAULT));
-}
-
 LikePattern::LikePattern(std::string_view pattern, int interfaceNumber,
                          std::shared_ptr<const Collator> collator)
     : collator_(std::move(collator)) {
@@ -52,7 +43,7 @@ LikePattern::LikePattern(std::string_view pattern, int interfaceNumber,
     } else if (first && c == U'[') {
       readList(pattern, at);
     } else {
-      tokens_.push_back({Kind::letter, fold(c), false, {}});
+      tokens_.push_back({Kind::letter, collator_->fold(c), false, {}});
     }
   }
 }
@@ -74,7 +65,7 @@ void LikePattern::readList(std::string_view pattern, std::size_t& at) {
   }
   for (std::size_t i = 0; i < body.size();) {
     const char32_t low = nextOf(body, i);
-    Range range{encoded(low), encoded(low), fold(low), true};
+    Range range{encoded(low), encoded(low), collator_->fold(low), true};
     if (i + 1 < body.size() && body[i] == '-') {
       ++i;
       range.high = encoded(nextOf(body, i));
@@ -112,13 +103,13 @@ bool LikePattern::inList(const Token& token, std::string_view character, char32_
 bool LikePattern::one(const Token& token, std::string_view character, char32_t code) const {
   switch (token.kind) {
     case Kind::letter:
-      return same(token.folded, fold(code));
+      return same(token.folded, collator_->fold(code));
     case Kind::any:
       return true;
     case Kind::digit:
       return code >= '0' && code <= '9';
     case Kind::list:
-      return inList(token, character, fold(code)) != token.negated;
+      return inList(token, character, collator_->fold(code)) != token.negated;
     case Kind::run:
       break;
   }
@@ -171,6 +162,23 @@ std::optional<std::pair<std::string, std::string>> LikePattern::bounds() const {
   if (collator_->compare(low, "") == 0) return std::nullopt;
   // U+FFFF sorts behind every other character.
   return std::pair(low, low + "\xEF\xBF\xBF");
+}
+
+std::vector<std::string> LikePattern::grams() const {
+  GramLetters letters(collator_);
+  std::vector<std::string> found;
+  std::string run;
+  for (const Token& token : tokens_) {
+    if (token.kind == Kind::letter)
+      run += letters.letter(token.folded);
+    else
+      run.clear();
+    if (run.size() < 3 * GramLetters::letterSize) continue;
+    found.push_back(run.substr(run.size() - 3 * GramLetters::letterSize));
+  }
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+  return found;
 }
 
 bool like(std::string_view text, std::string_view pattern, int interfaceNumber,

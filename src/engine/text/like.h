@@ -26,6 +26,10 @@ class LikePattern {
   /// Nothing when the pattern does not begin with a letter that bounds it.
   std::optional<std::pair<std::string, std::string>> bounds() const;
 
+  /// The trigrams, written in GramLetters, that each text which matches has; none when the pattern has no
+  /// three letters in a row.
+  std::vector<std::string> grams() const;
+
  private:
   enum class Kind { letter, any, digit, run, list };
   struct Range {
@@ -41,7 +45,6 @@ class LikePattern {
   };
 
   void readList(std::string_view pattern, std::size_t& at);
-  char32_t fold(char32_t character) const;
   bool same(char32_t a, char32_t b) const;
   bool inList(const Token& token, std::string_view character, char32_t folded) const;
   bool one(const Token& token, std::string_view character, char32_t code) const;

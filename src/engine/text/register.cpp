@@ -10,6 +10,7 @@
 #include "engine/text/collator.h"
 #include "engine/text/functions.h"
 #include "engine/text/functions_table.h"
+#include "engine/text/grams.h"
 #include "engine/text/like.h"
 
 namespace engine::text {
@@ -118,6 +119,24 @@ void like2(sqlite3_context* context, int count, sqlite3_value** values) {
   guarded(context, [&] { callLike(context, count, values, 2); });
 }
 
+// vc_letters(text, collation): a text as an index of trigrams holds it.
+void spell(sqlite3_context* context, int, sqlite3_value** values) {
+  guarded(context, [&] {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_null(context);
+    auto* letters = static_cast<GramLetters*>(sqlite3_get_auxdata(context, 1));
+    std::unique_ptr<GramLetters> made;
+    if (letters == nullptr) {
+      made = std::make_unique<GramLetters>(collator(std::string(textOf(values[1]))));
+      letters = made.get();
+    }
+    giveText(context, letters->spell(textOf(values[0])));
+    if (made) {
+      sqlite3_set_auxdata(context, 1, made.release(),
+                          [](void* old) { delete static_cast<GramLetters*>(old); });
+    }
+  });
+}
+
 // first and last keep a copy of the value in the aggregate's own memory.
 struct Kept {
   sqlite3_value* value;
@@ -220,6 +239,9 @@ void registerText(sqlite3* connection) {
                                      nullptr, nullptr),
           "vc_like2");
   }
+  check(sqlite3_create_function_v2(connection, "vc_letters", 2, expected | SQLITE_DETERMINISTIC, nullptr,
+                                   spell, nullptr, nullptr, nullptr),
+        "vc_letters");
   check(sqlite3_create_function_v2(connection, "vc_first", 1, expected, nullptr, nullptr, keep<false>,
                                    giveKept, nullptr),
         "vc_first");
