@@ -68,8 +68,27 @@ void runSelection(session::Session& s, const std::string& source) {
                    store::BuildMultiSQL(s, scratch.SQL(), session::View::frmFilter));
 }
 
+/// Calls `work` with each further file of the session.
+template <class Work>
+void eachFurtherFile(session::Session& s, const Work& work) {
+  for (int n = 0; n + 1 < s.files.OpenDBCount; ++n) work(s.files.ExtraDB.at(static_cast<std::size_t>(n)));
+}
+
 void emptySelection(session::Session& s) {
-  s.files.CurrentDB.Execute("delete * from Filterselektion1;");
+  constexpr const char* statement = "delete * from Filterselektion1;";
+  s.files.CurrentDB.Execute(statement);
+  eachFurtherFile(s, [&](engine::Database& file) { file.Execute(statement); });
+}
+
+/// The selection clause reads the current dictionary's table, and the current one changes with the row that
+/// is shown: each file gets the same numbers.
+void spreadSelection(session::Session& s) {
+  eachFurtherFile(s, [&](engine::Database& file) {
+    file.Execute(
+        "INSERT INTO [Filterselektion1] ([id_woerterbuch]) SELECT ID_Woerterbuch FROM Filterselektion1 IN "
+        "\"" +
+        s.files.CurrentDB.Name() + "\"");
+  });
 }
 
 void toDefaults(frmFilter& form) {
@@ -205,6 +224,7 @@ bool confirmFilter(frmFilter& form) {
     if (byProperty) runSelection(s, entries);
     if (bySubject) runSelection(s, entries);
     if (!byProperty && !bySubject && FilterIsActive(form)) runSelection(s, "AllWordsOrderByBegriff");
+    spreadSelection(s);
     form.visible = false;
   });
 }

@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "browse/dictionary_in_use.h"
 #include "shell/session/errors.h"
 #include "store/close.h"
 
@@ -36,17 +37,17 @@ std::string usageOf(const Command& command) {
 }
 
 void printHelp(std::ostream& out) {
-  out << "Usage: vocarium-cli COMMAND ... [--yes] [--answers N,N,...]\n\n";
+  out << "Usage: vocarium-cli [--with DICT]... COMMAND ... [--yes] [--answers N,N,...]\n\n";
   for (const Command& command : commands()) out << "  " << command.name << ' ' << command.usage << '\n';
   out << "\n--yes answers yes to every question; --answers gives the answers in order (6 yes, 7 no, 2 "
-         "cancel).\n";
+         "cancel);\n--with opens up to four further dictionaries beside DICT.\n";
 }
 
 /// The command's name may stand between global options: it is the first plain words of the line.
 std::vector<std::string> plainWords(const std::vector<std::string>& line) {
   std::vector<std::string> words;
   for (std::size_t n = 0; n < line.size(); ++n) {
-    if (line[n] == "--answers")
+    if (line[n] == "--answers" || line[n] == "--with")
       ++n;
     else if (line[n].rfind("--", 0) != 0)
       words.push_back(line[n]);
@@ -64,6 +65,8 @@ int runCommand(const Command& command, const std::vector<std::string>& line, con
   const std::vector<std::string> words(arguments.words.begin() + nameWords, arguments.words.end());
   if (words.size() < command.least || words.size() > command.most)
     throw UsageError{"Too few or too many arguments."};
+  if (!arguments.with.empty() && !command.opensSession)
+    throw UsageError{"--with goes with commands that open DICT alone."};
   Application app(arguments, programPath);
   return command.run(app, words);
 }
@@ -90,10 +93,30 @@ std::string existingFile(Application& app, const std::string& path) {
   return app.session.files.paths.real(absolute).string();
 }
 
+namespace {
+
+/// Opens the further files of the session. That closes the browser: another one shows all of them. Commands
+/// that write are for the first file.
+bool openFurther(Application& app) {
+  if (app.arguments.with.empty()) return true;
+  auto& session = app.session;
+  const std::string first = session.files.CurrentDBPath;
+  for (const std::string& path : app.arguments.with) {
+    app.console.answerFileDialog({existingFile(app, path)});
+    if (!frame::mnuMultiOpen(app.frame)) return false;
+  }
+  return session::guard(session, "frmMDI", [&] {
+    frame::ShowWordInstance(app.frame);
+    browse::useDictionary(session, first);
+  });
+}
+
+}  // namespace
+
 int withDictionary(Application& app, const std::string& path, const std::function<bool()>& work) {
   auto& session = app.session;
   app.console.answerFileDialog({existingFile(app, path)});
-  if (!frame::mnuOpen(app.frame)) return failed;
+  if (!frame::mnuOpen(app.frame) || !openFurther(app)) return failed;
   const bool succeeded = session::guard(session, "frmMDI", work);
   std::cout.flush();
   if (session.files.DBOpen) store::CloseCurrentDB(session);

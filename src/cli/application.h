@@ -31,6 +31,7 @@ struct Command {
   std::vector<std::string> switches, valued;
   std::size_t least, most;  ///< plain arguments behind the name
   int (*run)(Application& app, const std::vector<std::string>& words);
+  bool opensSession = true;  ///< opens DICT by withDictionary(), and so what --with names
 };
 
 /// All commands, in the order of the help text.
@@ -44,7 +45,8 @@ int runCommandLine(const std::vector<std::string>& line, const std::string& prog
 /// The path as it is really spelled: found without regard to case, made absolute. Throws Error 53 when
 /// there is no such file.
 std::string existingFile(Application& app, const std::string& path);
-/// Opens a dictionary as the frame does, runs `work` under the error log's guard with it, and closes it.
+/// Opens a dictionary as the frame does, and those of --with beside it, runs `work` under the error log's
+/// guard with it, and closes it.
 int withDictionary(Application& app, const std::string& path, const std::function<bool()>& work);
 /// An entry's number out of a plain argument.
 std::int64_t entryNumber(const std::string& text);
@@ -86,6 +88,7 @@ int runPublish(Application& app, const std::vector<std::string>& words);
 int runRebuild(Application& app, const std::vector<std::string>& words);
 int runCompact(Application& app, const std::vector<std::string>& words);
 int runRepair(Application& app, const std::vector<std::string>& words);
+int runInverse(Application& app, const std::vector<std::string>& words);
 int runCopy(Application& app, const std::vector<std::string>& words);
 int runBackup(Application& app, const std::vector<std::string>& words);
 int runCheck(Application& app, const std::vector<std::string>& words);

@@ -65,7 +65,7 @@ Arguments parse(const std::vector<std::string>& line, const std::vector<std::str
     }
     const std::size_t equals = word.find('=');
     const std::string name = word.substr(0, equals);
-    const bool takesValue = name == "--answers" || contains(valued, name);
+    const bool takesValue = name == "--answers" || name == "--with" || contains(valued, name);
     if (!takesValue &&
         (equals != std::string::npos || (name != "--yes" && name != "--help" && !contains(switches, name))))
       throw UsageError{"Unknown option " + word + "."};
@@ -82,6 +82,8 @@ Arguments parse(const std::vector<std::string>& line, const std::vector<std::str
       result.help = true;
     else if (name == "--answers")
       result.answers = answerList(value);
+    else if (name == "--with")
+      result.with.push_back(value);
     else
       result.options.push_back({name, value});
   }

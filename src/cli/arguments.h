@@ -25,6 +25,7 @@ struct Arguments {
   std::vector<Option> options;     ///< without the global ones
   bool yes = false;                ///< --yes
   std::vector<int> answers;        ///< --answers 6,7
+  std::vector<std::string> with;   ///< --with DICT: further files of the session
   bool help = false;
 
   bool has(const std::string& option) const;

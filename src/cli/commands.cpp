@@ -13,7 +13,8 @@ const std::vector<Command>& commands() {
        {"--from", "--to", "--description", "--type", "--sort", "--first"},
        1,
        1,
-       runNew},
+       runNew,
+       false},
       {"entry add",
        "DICT HEADWORD [--under ID] [--pronunciation T] [--note T] [--meaning T [--example T [--translation "
        "T]]...]...",
@@ -75,9 +76,9 @@ const std::vector<Command>& commands() {
       {"list", "DICT [--page N] [--page-size N]", {}, {"--page", "--page-size"}, 1, 1, runList},
       {"filter",
        "DICT [--property N]... [--subject N]... [--meaning-level] [--from D] [--to D] [--having KIND,...]"
-       " [--lacking KIND,...] [--in-work] [--letter L]",
+       " [--lacking KIND,...] [--in-work] [--letter L] [--save-as TARGET]",
        {"--meaning-level", "--in-work"},
-       {"--property", "--subject", "--from", "--to", "--having", "--lacking", "--letter"},
+       {"--property", "--subject", "--from", "--to", "--having", "--lacking", "--letter", "--save-as"},
        1,
        1,
        runFilter},
@@ -112,10 +113,11 @@ const std::vector<Command>& commands() {
        runPublish},
       {"rebuild", "DICT sort|search|flat [--delta]", {"--delta"}, {}, 2, 2, runRebuild},
       {"compact", "DICT", {}, {}, 1, 1, runCompact},
-      {"repair", "DICT", {}, {}, 1, 1, runRepair},
-      {"copy", "DICT TARGET", {}, {}, 2, 2, runCopy},
-      {"backup", "DICT FOLDER [--media]", {"--media"}, {}, 2, 2, runBackup},
-      {"check", "DICT", {}, {}, 1, 1, runCheck}};
+      {"repair", "DICT", {}, {}, 1, 1, runRepair, false},
+      {"inverse", "SOURCE TARGET", {}, {}, 2, 2, runInverse, false},
+      {"copy", "DICT TARGET", {}, {}, 2, 2, runCopy, false},
+      {"backup", "DICT FOLDER [--media]", {"--media"}, {}, 2, 2, runBackup, false},
+      {"check", "DICT", {}, {}, 1, 1, runCheck, false}};
   return all;
 }
 

@@ -138,8 +138,12 @@ int runList(Application& app, const std::vector<std::string>& words) {
       if (!browser.forwardEnabled) throw base::Error(9, "The list has only " + std::to_string(n) + " pages.");
       browse::pageForward(browser);
     }
-    for (std::size_t n = 0; n < browser.list.size(); ++n)
-      std::cout << browser.list.List2[n] << '\t' << browser.list.List1[n] << '\n';
+    const bool several = app.session.files.OpenDBCount > 1;
+    for (std::size_t n = 0; n < browser.list.size(); ++n) {
+      std::cout << browser.list.List2[n] << '\t' << browser.list.List1[n];
+      if (several) std::cout << '\t' << browser.list.List4[n];
+      std::cout << '\n';
+    }
     return true;
   });
 }

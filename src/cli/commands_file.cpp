@@ -1,4 +1,4 @@
-// Commands on dictionary files: rebuild, compact, repair, copy, backup, check.
+// Commands on dictionary files: rebuild, compact, repair, inverse, copy, backup, check.
 
 #include <filesystem>
 #include <iostream>
@@ -40,6 +40,12 @@ int runCompact(Application& app, const std::vector<std::string>& words) {
 int runRepair(Application& app, const std::vector<std::string>& words) {
   app.console.answerFileDialog({existingFile(app, words[0])});
   return exitCode(frame::mnurepair(app.frame));
+}
+
+int runInverse(Application& app, const std::vector<std::string>& words) {
+  app.console.answerFileDialog({existingFile(app, words[0])});
+  app.console.answerFileDialog({std::filesystem::absolute(words[1]).lexically_normal().string()});
+  return exitCode(frame::mnuInverseTranslation(app.frame));
 }
 
 int runCopy(Application& app, const std::vector<std::string>& words) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <iostream>
 
 #include "base/text.h"
@@ -104,8 +105,14 @@ int runFilter(Application& app, const std::vector<std::string>& words) {
       browse::pressLetter(browser, *caption);
     }
     printList(browser);
+    bool saved = true;
+    if (const auto target = app.arguments.value("--save-as")) {
+      std::cout.flush();
+      app.console.answerFileDialog({std::filesystem::absolute(*target).lexically_normal().string()});
+      saved = frame::mnuSaveFilter(app.frame);
+    }
     browse::resetFilter(dialog);
-    return true;
+    return saved;
   });
 }
 
