@@ -157,7 +157,9 @@ bool RelinkEntry(frmWoerter& form) {
   return command(form, [&] {
     if (form.list.selected < 0) return;
     entry::frmRelink dialog(form.session);
+    if (!entry::Form_Load(dialog)) return;
     form.session.desk.boxes.showModal(dialog);
+    entry::Form_Unload(dialog);
     if (!form.session.shell.pendingRefresh) return;
     const std::int64_t moved = form.session.entry.SelectedEntryId;
     FormInit(form);

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "catalogue/keys.h"
 #include "desktop/kit/text.h"
+#include "desktop/shell/help_window.h"
 #include "desktop/shell/main_window.h"
 #include "desktop/windows.h"
 #include "shell/session/errors.h"
@@ -17,6 +18,7 @@ Application::Application(const std::string& programPath, bool english)
   if (!frame::frmStart_Load(session, programPath) || !frame::frmMDI_Initialize(frame) ||
       !frame::frmMDI_Load(frame) || (english && !frame::chooseLanguage(frame, 2)))
     throw base::Error(platform::cancelled, "The program could not start.");
+  desk.help = [this](const std::string& page) { return showHelpPage(session, desk.frame, page); };
   const auto text = [this](int key) { return qt(session::labelText(session, key)); };
   desk.yes = text(label::yes);
   desk.no = text(label::no);

@@ -5,11 +5,15 @@
 
 #include "base/error.h"
 #include "desktop/browse/filter_window.h"
+#include "desktop/browse/search_window.h"
+#include "desktop/entry/catalogue_windows.h"
 #include "desktop/entry/editor.h"
 #include "desktop/entry/entry_windows.h"
+#include "desktop/entry/environment_window.h"
 #include "desktop/entry/media_windows.h"
 #include "desktop/kit/dialog.h"
 #include "desktop/shell/choose_type.h"
+#include "desktop/shell/config_window.h"
 #include "desktop/shell/wizard.h"
 #include "desktop/store/backup_window.h"
 
@@ -29,15 +33,23 @@ std::unique_ptr<Dialog> made(Gate& gate, QWidget* parent, platform::Form& form) 
 /// Every modal form and its window.
 constexpr Kind kinds[] = {
     {"firstent", made<frame::firstent, makeWizard>},
+    {"frmAutokat", made<entry::frmAutokat, makeAutokat>},
     {"frmBackup", made<store::frmBackup, makeBackup>},
     {"frmChooseDBType", made<frame::frmChooseDBType, makeChooseType>},
+    {"frmConfig", made<frame::frmConfig, makeConfig>},
+    {"frmDeleteEigenschaftSach", made<entry::frmDeleteEigenschaftSach, makeDeleteEigenschaftSach>},
+    {"frmDeleteEintragEigenschaftSach",
+     made<entry::frmDeleteEintragEigenschaftSach, makeDeleteEintragEigenschaftSach>},
     {"frmDeleteEntries", made<entry::frmDeleteEntries, makeDeleteEntries>},
     {"frmEintrag", made<entry::frmEintrag, makeEditor>},
+    {"frmEnvironment", made<entry::frmEnvironment, makeEnvironment>},
     {"frmFastEntry", made<entry::frmFastEntry, makeFastEntry>},
     {"frmFilter", made<browse::frmFilter, makeFilter>},
     {"frmHistory", made<entry::frmHistory, makeHistory>},
     {"frmNewKateg", made<entry::frmNewKateg, makeNewKateg>},
     {"frmRelink", made<entry::frmRelink, makeRelink>},
+    {"frmSearch", made<browse::frmSearch, makeSearch>},
+    {"frmSearchSelectedWord", made<browse::frmSearchSelectedWord, makeLookUp>},
     {"frmServices", made<entry::frmServices, makeServices>},
     {"frmSoundInfo", made<entry::frmSoundInfo, makeSoundInfo>},
     {"frmVollBild", made<entry::frmVollBild, makeVollBild>},

@@ -10,6 +10,7 @@
 #include <QSplitter>
 #include <QToolButton>
 
+#include "browse/commands.h"
 #include "desktop/application.h"
 #include "desktop/browse/display_panel.h"
 #include "desktop/shell/main_window.h"
@@ -59,13 +60,14 @@ QWidget* BrowserWindow::buildLetters() {
   };
   allLetters_ = made(face_.caption(label::all_letters), "AllLetters");
   QObject::connect(allLetters_, &QToolButton::clicked, this,
-                   [this] { face_.run([this] { browse::showAllLetters(form_); }); });
-  for (const std::string& letter : browse::GenerateAlphabetCommandCaption(form_)) {
+                   [this] { face_.run([this] { browse::allLettersButton(form_); }); });
+  for (const std::string& letter : form_.letters) {
     QToolButton* button = made(qt(letter), "Letter");
     button->setObjectName("Letter_" + qt(letter));
     letters_.push_back(button);
-    QObject::connect(button, &QToolButton::clicked, this,
-                     [this, letter] { face_.run([&] { browse::pressLetter(form_, letter); }); });
+    QObject::connect(button, &QToolButton::clicked, this, [this, index = letters_.size() - 1] {
+      face_.run([&] { browse::letterButton(form_, index); });
+    });
   }
   row->addStretch(1);
   return bar;
@@ -76,7 +78,7 @@ QWidget* BrowserWindow::buildList() {
   auto* column = new QVBoxLayout(half);
   column->setContentsMargins(0, 0, 0, 0);
   box_ = &face_.line("Text3", label::search_box, form_.Text3,
-                     [this](const std::string& text) { browse::searchBoxChanged(form_, text); });
+                     [this](const std::string& text) { browse::Text3_Change(form_, text); });
   box_->setClearButtonEnabled(true);
   box_->installEventFilter(this);
   column->addLayout(face_.labelled(label::search_box, *box_));
@@ -87,7 +89,7 @@ QWidget* BrowserWindow::buildList() {
   words_->setContextMenuPolicy(Qt::CustomContextMenu);
   words_->installEventFilter(this);
   QObject::connect(words_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (row >= 0 && !app_.gate.isBusy()) face_.run([&] { browse::selectRow(form_, row); });
+    if (row >= 0 && !app_.gate.isBusy()) face_.run([&] { browse::List2_Click(form_, row); });
   });
   QObject::connect(words_, &QListWidget::itemDoubleClicked, this, [this] { command(frame::mnuEditEntry); });
   QObject::connect(words_, &QListWidget::customContextMenuRequested, this, [this](const QPoint& at) {
@@ -96,22 +98,23 @@ QWidget* BrowserWindow::buildList() {
   column->addWidget(words_, 1);
 
   auto* pages = new QHBoxLayout;
-  const auto pageButton = [&](const char* objectName, Qt::ArrowType arrow, int caption, auto step) {
+  const auto pageButton = [&](const char* objectName, Qt::ArrowType arrow, int caption, int index) {
     auto* button = new QToolButton(half);
     button->setObjectName(objectName);
     button->setArrowType(arrow);
     button->setToolTip(face_.caption(caption));
     button->setAccessibleName(face_.caption(caption));
-    QObject::connect(button, &QToolButton::clicked, this, [this, step] { face_.run([&] { step(form_); }); });
+    QObject::connect(button, &QToolButton::clicked, this,
+                     [this, index] { face_.run([&] { browse::Command1(form_, index); }); });
     pages->addWidget(button);
     return button;
   };
-  back_ = pageButton("PageBack", Qt::LeftArrow, label::page_back, browse::pageBack);
+  back_ = pageButton("PageBack", Qt::LeftArrow, label::page_back, 0);
   page_ = new QLabel(half);
   page_->setObjectName("PagePanel");
   page_->setAlignment(Qt::AlignCenter);
   pages->addWidget(page_, 1);
-  forward_ = pageButton("PageForward", Qt::RightArrow, label::page_forward, browse::pageForward);
+  forward_ = pageButton("PageForward", Qt::RightArrow, label::page_forward, 1);
   column->addLayout(pages);
   QLabel& count = face_.shown("CountLabel", [this] { return form_.countLabel; });
   count.setAlignment(Qt::AlignCenter);
@@ -171,10 +174,10 @@ void BrowserWindow::listKey(int key) {
       command(frame::mnuDeleteEntry);
       break;
     case Qt::Key_PageDown:
-      if (form_.forwardEnabled) face_.run([this] { browse::pageForward(form_); });
+      if (form_.forwardEnabled) face_.run([this] { browse::Command1(form_, 1); });
       break;
     case Qt::Key_PageUp:
-      if (form_.backEnabled) face_.run([this] { browse::pageBack(form_); });
+      if (form_.backEnabled) face_.run([this] { browse::Command1(form_, 0); });
       break;
     case Qt::Key_Menu:
       if (words_->currentItem() != nullptr)

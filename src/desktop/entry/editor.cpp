@@ -85,6 +85,7 @@ QLayout* buildNavigator(Editor editor) {
 
 QHBoxLayout* buildButtons(Editor editor) {
   auto* row = new QHBoxLayout;
+  row->addWidget(&editor.dialog.helpButton());
   row->addLayout(buildNavigator(editor));
   row->addStretch(1);
   for (std::size_t index = 0; index < editor.form.buttons.size(); ++index) {

@@ -64,8 +64,13 @@ void Dialog::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
 }
 
+QPushButton& Dialog::helpButton() {
+  return face.button("Help", label::help, [this] { session::ShowHelpTopic(face.session(), helpTopic); });
+}
+
 QHBoxLayout* Dialog::buttonRow(std::initializer_list<QWidget*> left, std::initializer_list<QWidget*> right) {
   auto* row = new QHBoxLayout;
+  if (!helpTopic.empty()) row->addWidget(&helpButton());
   for (QWidget* each : left) row->addWidget(each);
   row->addStretch(1);
   for (QWidget* each : right) row->addWidget(each);

@@ -27,12 +27,14 @@ class Dialog : public QDialog {
   std::function<bool()> isOpen;  ///< empty: until `finish`
   std::function<void()> close;   ///< what Escape and the close box do; empty: finish
   bool keepsPlace = true;        ///< opens again where it was and as large
-  std::string helpTopic;         ///< of F1; empty: the contents page
+  std::string helpTopic;         ///< of F1 and the help button; empty: the contents page
 
   /// Shows the window and returns when the visit is over.
   void run();
   void finish() { finished_ = true; }
-  /// A row of buttons at the lower edge, the last ones at the right.
+  /// A row of buttons at the lower edge, the last ones at the right; the first is the help button where there
+  /// is a topic.
+  QPushButton& helpButton();
   QHBoxLayout* buttonRow(std::initializer_list<QWidget*> left, std::initializer_list<QWidget*> right);
 
  protected:

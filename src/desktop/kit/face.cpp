@@ -156,7 +156,10 @@ QListWidget& Face::list(const char* objectName, int key, std::function<std::vect
       box->clear();
       box->addItems(texts(wanted));
     }
-    if (current) box->setCurrentRow(current());
+    if (const int row = current ? current() : box->currentRow(); row >= 0)
+      box->setCurrentRow(row);
+    else
+      box->setCurrentIndex({});  // otherwise the focus alone chooses the first row
   });
   if (selected)
     QObject::connect(box, &QListWidget::currentRowChanged, [this, selected = std::move(selected)](int row) {

@@ -49,7 +49,8 @@ class Grid::Model : public QAbstractTableModel {
     const auto& columns = grid_.editableColumns;
     const auto column = static_cast<std::size_t>(index.column());
     const bool editable = grid_.edited && (columns.empty() || (column < columns.size() && columns[column]));
-    return QAbstractTableModel::flags(index) | (editable ? Qt::ItemIsEditable : Qt::NoItemFlags);
+    const bool here = editable && (!grid_.editable || mayEdit(index));
+    return QAbstractTableModel::flags(index) | (here ? Qt::ItemIsEditable : Qt::NoItemFlags);
   }
   bool setData(const QModelIndex& index, const QVariant& value, int role) override {
     if (role != Qt::EditRole || !grid_.edited) return false;
@@ -60,6 +61,14 @@ class Grid::Model : public QAbstractTableModel {
   }
 
  private:
+  bool mayEdit(const QModelIndex& index) const {
+    // The view asks while it paints, where nothing may throw.
+    try {
+      return grid_.editable(index.row(), index.column());
+    } catch (const std::exception&) {
+      return false;
+    }
+  }
   QString text(int row, int column) const {
     // The view asks while it paints, where nothing may throw; a row that is gone shows empty.
     try {
@@ -102,6 +111,13 @@ void Grid::setHeads(const QStringList& heads) {
   if (heads.size() == 1 && heads.first().isEmpty()) horizontalHeader()->hide();
   for (int column = 0; column + 1 < heads.size(); ++column)
     setColumnWidth(column, fontMetrics().averageCharWidth() * 26);
+}
+
+QStringList Grid::heads() const {
+  QStringList heads;
+  for (int column = 0; column < model_->columnCount(); ++column)
+    heads << model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  return heads;
 }
 
 void Grid::setRows(Rows rows) {

@@ -19,6 +19,7 @@ class Grid : public QTableView {
   explicit Grid(QWidget* parent = nullptr);
 
   void setHeads(const QStringList& heads);
+  QStringList heads() const;
   /// Shows these rows; the current row stays where it is when they are the same as before.
   void setRows(Rows rows);
   /// Shows `count` rows whose cells are read when they come into view. Call it again after each change.
@@ -37,6 +38,7 @@ class Grid : public QTableView {
   std::function<void(int row, int column, const std::string& text)> edited;
   std::function<void(int row, const QPoint& where)> menu;  ///< right click, in screen coordinates
   std::vector<bool> editableColumns;                       ///< empty: all of them
+  std::function<bool(int row, int column)> editable;       ///< asked besides; empty: all of them
 
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

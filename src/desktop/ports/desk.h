@@ -34,6 +34,8 @@ class Desk : public platform::Boxes, public platform::Screen, public platform::O
   QString yes = "Yes", no = "No", cancel = "Cancel", ok = "OK", readOnly = "Read-only";
   /// Runs a modal form's window; throws 5 for a form that has none.
   std::function<void(platform::Form&)> modal;
+  /// Shows a page of the help; false for any other target, which the desktop opens.
+  std::function<bool(const std::string& page)> help;
   /// The frame was asked to close while a command ran.
   bool closeWanted = false;
 

@@ -18,6 +18,7 @@ void Desk::setClipboard(const std::string& text) {
 }
 
 void Desk::open(const std::string& target) {
+  if (help && help(target)) return;
   const QString text = qt(target);
   const QUrl url = QFileInfo::exists(text) ? QUrl::fromLocalFile(text) : QUrl::fromUserInput(text);
   if (!url.isValid() || !QDesktopServices::openUrl(url))

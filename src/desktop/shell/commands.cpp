@@ -11,8 +11,12 @@ struct Command {
   bool (*run)(frame::frmMDI&);
 };
 
-bool help(frame::frmMDI& form) {
+bool helpContents(frame::frmMDI& form) {
   session::ShowHelpTopic(form.session, "");
+  return true;
+}
+bool help(frame::frmMDI& form) {
+  session::ShowHelpTopic(form.session, form.active != nullptr ? "frmWoerter" : "");
   return true;
 }
 bool newBrowser(frame::frmMDI& form) {
@@ -47,6 +51,8 @@ constexpr Command commands[] = {
     {"mnuFastEntry", frame::mnuFastEntry},
     {"mnuKopieren", frame::mnuKopieren},
     {"mnuCopyPicture", frame::mnuCopyPicture},
+    {"mnuGoto", frame::mnuGoto},
+    {"mnuSearchEntry", frame::mnuSearchEntry},
     {"mnuChoice", frame::mnuChoice},
     {"mnuSaveFilter", frame::mnuSaveFilter},
     {"mnuNewHistory", frame::mnuNewHistory},
@@ -57,14 +63,42 @@ constexpr Command commands[] = {
     {"mnuBuildReportTables", frame::mnuBuildReportTables},
     {"mnuBuildReportTablesDelta", frame::mnuBuildReportTablesDelta},
     {"mnuDeleteByDate", frame::mnuDeleteByDate},
+    {"mnuDeleteByProperty", frame::mnuDeleteByProperty},
+    {"mnuDeleteBySubject", frame::mnuDeleteBySubject},
     {"mnuInverseTranslation", frame::mnuInverseTranslation},
     {"mnuProperties", frame::mnuProperties},
     {"mnuSubjects", frame::mnuSubjects},
+    {"mnuAutomatic", frame::mnuAutomatic},
+    {"mnuDeleteEigenschaft", frame::mnuDeleteEigenschaft},
+    {"mnuDeleteSachgebiet", frame::mnuDeleteSachgebiet},
+    {"mnuEnvironment", frame::mnuEnvironment},
+    {"mnuVocariumConfig", frame::mnuVocariumConfig},
     {"mnuSoundInfo", frame::mnuSoundInfo},
     {"mnuNewBrowser", newBrowser},
     {"mnuHTMLHelp", help},
-    {"mnuHelpContent", help},
+    {"mnuHelpContent", helpContents},
     {"mnuVocariumImWWW", webSite},
+};
+
+struct ViewCommand {
+  const char* item;
+  int ViewKind;
+  bool (*show)(frame::frmMDI&, int);
+};
+constexpr ViewCommand viewCommands[] = {
+    {"mnuViewGeneral", 1, frame::showTable},
+    {"mnuViewEntriesAttributes", 2, frame::showTable},
+    {"mnuViewEntriesSubjects", 3, frame::showTable},
+    {"mnuViewMeaningsAttributes", 4, frame::showTable},
+    {"mnuViewMeaningsSubjects", 5, frame::showTable},
+    {"mnuViewEntriesMeanings", 6, frame::showTable},
+    {"mnuViewAllInformation", 7, frame::showTable},
+    {"mnuViewEntryURL", 8, frame::showTable},
+    {"mnuViewEntriesCrossLinks", 9, frame::showTable},
+    {"mnuViewEntriesWithoutMeanings", 10, frame::showTable},
+    {"mnuViewAttributeEntry", 0, frame::showTree},
+    {"mnuViewFieldEntry", 1, frame::showTree},
+    {"mnuViewEntryCrosslinks", 2, frame::showTree},
 };
 
 }  // namespace
@@ -72,6 +106,9 @@ constexpr Command commands[] = {
 std::function<void(frame::frmMDI&)> commandOf(const std::string& menuItem) {
   for (const Command& command : commands)
     if (menuItem == command.item) return [run = command.run](frame::frmMDI& form) { run(form); };
+  for (const ViewCommand& command : viewCommands)
+    if (menuItem == command.item)
+      return [show = command.show, kind = command.ViewKind](frame::frmMDI& form) { show(form, kind); };
   return {};
 }
 

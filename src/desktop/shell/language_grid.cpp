@@ -1,6 +1,7 @@
 #include "desktop/shell/language_grid.h"
 
 #include <QGroupBox>
+#include <algorithm>
 
 namespace desktop {
 
@@ -16,7 +17,11 @@ QWidget* languageGrid(Face& face, const LanguageNames& names, int caption,
         for (const frame::Language& each : languages) items.push_back(each.name);
         return items;
       },
-      {}, [&languages, &chosen](int row) { chosen = languages.at(static_cast<std::size_t>(row)).name; });
+      [&languages, &chosen] {
+        const auto found = std::ranges::find(languages, chosen, &frame::Language::name);
+        return found == languages.end() ? -1 : static_cast<int>(found - languages.begin());
+      },
+      [&languages, &chosen](int row) { chosen = languages.at(static_cast<std::size_t>(row)).name; });
   column->addWidget(&text);
   column->addWidget(&list, 1);
   column->addWidget(&face.check(names.rightToLeft, label::wizard_right_to_left, rightToLeft));

@@ -13,6 +13,7 @@
 
 #include "desktop/application.h"
 #include "desktop/browse/browser_window.h"
+#include "desktop/browse/view_windows.h"
 #include "desktop/kit/dialog.h"
 #include "desktop/kit/icon.h"
 #include "desktop/kit/text.h"
@@ -59,11 +60,14 @@ MainWindow::MainWindow(Application& app) : app_(app), commanded_(windowItems) {
   });
   id_ = app_.gate.addWindow(formName, [this] { draw(); });
   app_.gate.idle = [this] { leave(); };
+  // A view's grid reads its form while it paints, so its window must not outlive that by a single event.
+  app_.frame.viewClosing = [this](const platform::Form& form) { viewClosing(form); };
   app_.gate.draw();
 }
 
 MainWindow::~MainWindow() {
   app_.gate.idle = {};
+  app_.frame.viewClosing = {};
   app_.gate.removeWindow(id_);
 }
 
@@ -144,6 +148,7 @@ void MainWindow::draw() {
   drawRecentFiles();
   drawProjectBar();
   drawBrowsers();
+  drawViews();
   // A dictionary whose browsers were all closed is still open.
   views_->setCurrentIndex(app_.session.files.OpenDBCount > 0 ? 0 : 1);
   if (views_->currentIndex() == 1) welcome_->draw();
@@ -188,6 +193,28 @@ void MainWindow::drawBrowsers() {
       delete window;
     }
   browsers_ = std::move(kept);
+}
+
+void MainWindow::viewClosing(const platform::Form& form) {
+  const auto found = openViews_.find(&form);
+  if (found == openViews_.end()) return;
+  area_->removeSubWindow(found->second);
+  delete found->second;
+  openViews_.erase(found);
+}
+
+void MainWindow::drawViews() {
+  for (const auto& [form, window] : std::map(openViews_))
+    if (const auto* view = dynamic_cast<ViewWindow*>(window->widget()); view->isClosing())
+      frame::closeView(app_.frame, view->form());
+  for (const frame::OpenView& open : app_.frame.views) {
+    if (openViews_.contains(open.form.get())) continue;
+    QMdiSubWindow* window = area_->addSubWindow(new ViewWindow(app_, *open.form));
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    openViews_[open.form.get()] = window;
+    window->showNormal();
+    area_->setActiveSubWindow(window);
+  }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

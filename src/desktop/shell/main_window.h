@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/desk.h"
+
 class QAction;
 class QComboBox;
 class QLabel;
@@ -45,6 +47,8 @@ class MainWindow : public QMainWindow {
   void drawProjectBar();
   /// Gives every browser of the form a window and takes the others away.
   void drawBrowsers();
+  void drawViews();
+  void viewClosing(const platform::Form& form);
   void leave();
 
   Application& app_;
@@ -59,9 +63,10 @@ class MainWindow : public QMainWindow {
   QMenu* recent_ = nullptr;
   std::vector<std::string> recentShown_;
   std::map<std::string, QMenu*> menus_;
-  std::map<std::string, QAction*> actions_;  ///< by the item's name
-  std::set<std::string> commanded_;          ///< items that do something
-  std::map<int, QMdiSubWindow*> browsers_;   ///< by the open form's number
+  std::map<std::string, QAction*> actions_;          ///< by the item's name
+  std::set<std::string> commanded_;                  ///< items that do something
+  std::map<int, QMdiSubWindow*> browsers_;           ///< by the open form's number
+  std::map<const void*, QMdiSubWindow*> openViews_;  ///< tree and table views, by their form
   bool closing_ = false;
 };
 

@@ -20,14 +20,13 @@ constexpr int below = 50, right = 150;  // of the copyright line, from the pictu
 
 Splash::Splash(Application& app)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
-      picture_(qt(session::shippedPath(app.session, "Images/VC_logo.jpg"))),
+      picture_(560, 300),
+      logo_(qt(session::shippedPath(app.session, "Images/VC_logo.jpg"))),
       subtitle_(qt(session::labelText(app.session, label::splash_subtitle))),
       copyright_("© 2026 Vocarium") {
   setObjectName("frmStart");
-  if (picture_.isNull()) {
-    picture_ = QPixmap(560, 320);
-    picture_.fill(QColor(32, 44, 56));
-  }
+  // The ground goes on where the logo's ends.
+  picture_.fill(logo_.isNull() ? QColor(23, 58, 51) : logo_.toImage().pixelColor(0, 0));
   setFixedSize(picture_.size());
   if (const QScreen* screen = QGuiApplication::primaryScreen())
     move(screen->geometry().center() - rect().center());
@@ -36,11 +35,12 @@ Splash::Splash(Application& app)
 void Splash::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.drawPixmap(0, 0, picture_);
+  painter.drawPixmap((width() - logo_.width()) / 2, 50, logo_);
   QFont font = painter.font();
   font.setPointSizeF(font.pointSizeF() * 1.3);
   painter.setFont(font);
   painter.setPen(subtitleColour);
-  painter.drawText(QRect(0, height() - 110, width(), 30), Qt::AlignCenter, subtitle_);
+  painter.drawText(QRect(0, 180, width(), 30), Qt::AlignCenter, subtitle_);
   painter.setPen(Qt::white);
   const QPoint place(width() - right, height() - below);
   if (rect().contains(place)) painter.drawText(place, copyright_);

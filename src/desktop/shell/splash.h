@@ -16,7 +16,7 @@ class Splash : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  QPixmap picture_;
+  QPixmap picture_, logo_;
   QString subtitle_, copyright_;
 };
 

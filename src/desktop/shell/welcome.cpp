@@ -17,24 +17,21 @@ namespace desktop {
 
 Welcome::Welcome(Application& app) : app_(app) {
   setObjectName("Welcome");
-  const auto caption = [this](int key) {
-    return spoken(qt(session::menuText(app_.session, key))).remove(" ...");
-  };
   auto* middle = new QVBoxLayout;
   auto* logo = new QLabel(this);
   logo->setPixmap(QPixmap(qt(session::shippedPath(app.session, "Images/VC_logo.jpg"))));
   middle->addWidget(logo);
-  const auto add = [&](const QString& text, const QString& hint, const char* objectName,
+  const auto add = [&](const QString& caption, const QString& hint, const char* objectName,
                        bool (*command)(frame::frmMDI&)) {
-    auto* button = new QCommandLinkButton(text, hint, this);
+    auto* button = new QCommandLinkButton(caption, hint, this);
     button->setObjectName(objectName);
     QObject::connect(button, &QCommandLinkButton::clicked, this,
                      [this, command] { app_.gate.run("frmMDI", [&] { command(app_.frame); }); });
     middle->addWidget(button);
   };
-  const auto hint = [this](int key) { return qt(session::labelText(app_.session, key)); };
-  add(caption(menu::mnuNew), hint(label::welcome_new), "WelcomeNew", frame::mnuNew);
-  add(caption(menu::mnuOpen), hint(label::welcome_open), "WelcomeOpen", frame::mnuOpen);
+  const auto text = [this](int key) { return qt(session::labelText(app_.session, key)); };
+  add(text(label::wizard_title), text(label::welcome_new), "WelcomeNew", frame::mnuNew);
+  add(text(label::welcome_open_title), text(label::welcome_open), "WelcomeOpen", frame::mnuOpen);
   middle->addSpacing(12);
   middle->addWidget(new QLabel(qt(session::menuText(app_.session, menu::mnuFilearray)), this));
   recent_ = new QVBoxLayout;

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QTabWidget>
 
+#include "desktop/shell/choice_list.h"
 #include "desktop/shell/language_grid.h"
 
 namespace desktop {
@@ -42,30 +43,6 @@ QWidget* languagePage(Wizard& wizard) {
   return page(wizard, column);
 }
 
-int indexOf(const std::vector<std::string>& items, const std::string& item) {
-  for (std::size_t n = 0; n < items.size(); ++n)
-    if (items[n] == item) return static_cast<int>(n);
-  return -1;
-}
-
-/// A list to choose one text from, with the choice in a label above it.
-QLayout* choice(Wizard& wizard, const char* objectName, int caption, const std::vector<std::string>& items,
-                std::string& chosen) {
-  Face& face = wizard.face;
-  QListWidget& list = face.list(
-      objectName, caption, [&items] { return items; }, [&items, &chosen] { return indexOf(items, chosen); },
-      [&items, &chosen](int row) { chosen = items.at(static_cast<std::size_t>(row)); });
-  auto* column = new QVBoxLayout;
-  const QString head = spoken(face.caption(caption));
-  QLabel& text = face.shown("Chosen", [&chosen, head = head.toStdString()] {
-    return chosen.empty() ? head : head + ": " + chosen;
-  });
-  text.setBuddy(&list);
-  column->addWidget(&text);
-  column->addWidget(&list, 1);
-  return column;
-}
-
 QWidget* descriptionPage(Wizard& wizard) {
   Face& face = wizard.face;
   firstent& form = wizard.form;
@@ -85,7 +62,9 @@ QWidget* descriptionPage(Wizard& wizard) {
       [choose] { choose(false); }));
   choices->addStretch(1);
   column->addWidget(language);
-  column->addLayout(choice(wizard, "List1", label::wizard_sort_order, form.sortOrders, form.sortOrder), 1);
+  auto* order = new QGridLayout;
+  addChoiceList(face, *order, {"List1", "Label4"}, label::wizard_sort_order, form.sortOrders, form.sortOrder);
+  column->addLayout(order, 1);
   QLabel& sample = face.shown("DateSample", [&form, &face] {
     return session::labelText(face.session(), label::config_date_format) + ": " + form.dateSample;
   });
@@ -95,12 +74,15 @@ QWidget* descriptionPage(Wizard& wizard) {
 
 QWidget* fontPage(Wizard& wizard) {
   firstent& form = wizard.form;
-  auto* row = new QHBoxLayout;
-  row->addLayout(choice(wizard, "List2", label::wizard_phonetic_font, form.fonts, form.phoneticFont));
-  row->addLayout(choice(wizard, "List3", label::wizard_font_source, form.fonts, form.fontFrom));
-  row->addLayout(choice(wizard, "List4", label::wizard_font_target, form.fonts, form.fontTo));
-  row->addLayout(choice(wizard, "List5", label::wizard_font_note, form.fonts, form.fontRemark));
-  return page(wizard, row);
+  auto* lists = new QGridLayout;
+  const auto add = [&](const char* list, const char* text, int caption, std::string& font) {
+    addChoiceList(wizard.face, *lists, {list, text}, caption, form.fonts, font);
+  };
+  add("List2", "PhoneticFont", label::wizard_phonetic_font, form.phoneticFont);
+  add("List3", "FontFrom", label::wizard_font_source, form.fontFrom);
+  add("List4", "FontTo", label::wizard_font_target, form.fontTo);
+  add("List5", "FontRemark", label::wizard_font_note, form.fontRemark);
+  return page(wizard, lists);
 }
 
 QWidget* authorPage(Wizard& wizard) {
@@ -152,6 +134,7 @@ std::unique_ptr<Dialog> makeWizard(Gate& gate, QWidget* parent, firstent& form) 
   tabs->addTab(fontPage(wizard), dialog->face.caption(label::wizard_fonts));
   tabs->addTab(authorPage(wizard), dialog->face.caption(label::wizard_author));
   auto* buttons = new QHBoxLayout;
+  buttons->addWidget(&dialog->helpButton());
   buttons->addStretch(1);
   buildSteps(wizard, *tabs, *buttons);
   buttons->addWidget(&dialog->face.button("Cancel", label::cancel, dialog->close));

@@ -80,10 +80,11 @@ bool isDay(const std::string& text) {
   return base::DateTime::fromText(base::trim(text)).has_value();
 }
 
-// Tells the first field whose text its column could not hold, the date before all others.
+// Tells the first field whose text its column could not hold, the date before all others, and shows its tab.
 bool tellRefused(frmConfig& form) {
   session::Session& s = form.session;
   if (!isDay(textOf(form, "LastReportTableUpdate"))) {
+    form.tab = ConfigTab::reports;
     session::showMessage(s, dialog::invalid_report_date, platform::box::exclamation);
     return true;
   }
@@ -93,6 +94,7 @@ bool tellRefused(frmConfig& form) {
     if (kind != FieldKind::number && kind != FieldKind::colour) continue;
     const std::int64_t most = kind == FieldKind::number ? largestNumber : largestColour;
     if (isNumber(form.values[i].text, most)) continue;
+    form.tab = fields[i].tab;
     session::showBox(s, session::dialogText(s, dialog::setting_is_no_number) + " " + fields[i].name,
                      platform::box::exclamation);
     return true;

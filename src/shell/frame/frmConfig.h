@@ -58,7 +58,7 @@ struct frmConfig : platform::Form {
 
 bool Form_Load(frmConfig& form);
 /// The OK button: checks the fields, writes them and closes. A field that is refused is told, and the dialog
-/// stays with nothing written. A new sort order reaches the file at its next compaction.
+/// stays on its tab with nothing written. A new sort order reaches the file at its next compaction.
 bool saveConfig(frmConfig& form);
 
 /// What a window binds a control to.

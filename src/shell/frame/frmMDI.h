@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,12 @@ struct OpenBrowser {
   int id = 0;
 };
 
+/// A tree or table view that is open, and its number among the open windows.
+struct OpenView {
+  std::unique_ptr<platform::Form> form;  ///< a browse::frmTreeView or browse::frmView
+  int id = 0;
+};
+
 /// The main window. It owns the entry browsers; its window shows what stands here.
 struct frmMDI {
   explicit frmMDI(session::Session& s) : session(s), filter(s) {}
@@ -30,6 +37,8 @@ struct frmMDI {
   std::vector<MenuItem> menu;
   std::vector<OpenBrowser> browsers;     ///< in the order of opening
   browse::frmWoerter* active = nullptr;  ///< the browser that commands are for; null without any
+  std::vector<OpenView> views;
+  std::function<void(const platform::Form&)> viewClosing;  ///< its window goes first; empty: there is none
   std::string helpFile;                  ///< empty: there is none
   bool unloaded = false;                 ///< the process ends
 };
@@ -109,6 +118,18 @@ bool mnuChoice(frmMDI& form);
 bool mnuSaveFilter(frmMDI& form);
 /// Makes a dictionary whose entries are the meanings of another one.
 bool mnuInverseTranslation(frmMDI& form);
+
+
+// Ways to an entry.
+bool mnuGoto(frmMDI& form);
+bool mnuSearchEntry(frmMDI& form);
+/// Looks a word up that is marked in the entry display.
+bool lookUp(frmMDI& form, const std::string& word);
+/// Opens a table view (1 to 10) or a tree view (0 to 2); tables obey the limit of browsers.
+bool showTable(frmMDI& form, int ViewKind);
+bool showTree(frmMDI& form, int ViewKind);
+/// Forgets a view that was closed.
+void closeView(frmMDI& form, const platform::Form& view);
 
 /// Ends the program, which a close of the frame's window does too; offers a backup when the last one is
 /// more than 15 days old. False when the program runs on.

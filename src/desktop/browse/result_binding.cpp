@@ -1,0 +1,35 @@
+#include "desktop/browse/result_binding.h"
+
+namespace desktop {
+
+void showResult(Grid& grid, browse::ResultGrid& result) {
+  QStringList heads;
+  for (const browse::GridColumn& column : result.columns) heads << qt(column.caption);
+  if (heads != grid.heads()) grid.setHeads(heads);
+  grid.setSource(browse::gridRows(result), [&result](std::int64_t row, int column) {
+    return browse::gridCell(result, row, static_cast<std::size_t>(column));
+  });
+  grid.setCurrentRow(static_cast<int>(result.selected));
+}
+
+QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::ResultGrid& result,
+                   Grid*& made) {
+  Face& face = dialog.face;
+  auto* box = new QWidget(&dialog);
+  auto* column = new QVBoxLayout(box);
+  column->setContentsMargins(0, 0, 0, 0);
+  auto* text = new QLabel(box);
+  text->setTextFormat(Qt::PlainText);
+  made = &face.grid(objectName, caption);
+  text->setBuddy(made);
+  column->addWidget(text);
+  column->addWidget(made, 1);
+  face.onDraw([box, text, grid = made, &result, usual = face.caption(caption)] {
+    box->setVisible(result.visible);
+    text->setText(result.label.empty() ? usual : qt(result.label));
+    showResult(*grid, result);
+  });
+  return box;
+}
+
+}  // namespace desktop

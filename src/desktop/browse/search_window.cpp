@@ -1,0 +1,188 @@
+#include "desktop/browse/search_window.h"
+
+#include <QFontComboBox>
+#include <QGridLayout>
+
+#include "desktop/browse/result_binding.h"
+
+namespace desktop {
+namespace {
+
+using browse::frmSearch;
+
+/// The six texts to search, in two rows of three.
+QWidget* options(Dialog& dialog, frmSearch& form) {
+  auto* box = new QWidget(&dialog);
+  auto* grid = new QGridLayout(box);
+  grid->setContentsMargins(0, 0, 0, 0);
+  for (int option = 1; option <= 6; ++option) {
+    auto* button = new QRadioButton(box);
+    button->setObjectName("Option" + QString::number(option));
+    QObject::connect(button, &QRadioButton::clicked, &dialog,
+                     [&dialog, &form, option] { dialog.face.run([&] { browse::setOption(form, option); }); });
+    dialog.face.onDraw([button, &form, option] {
+      const QString caption = qt(form.optionCaptions[static_cast<std::size_t>(option) - 1]);
+      button->setText(caption);
+      button->setAccessibleName(spoken(caption));
+      button->setChecked(form.option == option);
+    });
+    grid->addWidget(button, (option - 1) / 3, (option - 1) % 3);
+  }
+  dialog.face.onDraw([box, &form] { box->setVisible(form.choicesShown); });
+  return box;
+}
+
+QWidget* matchBox(Dialog& dialog, frmSearch& form) {
+  Face& face = dialog.face;
+  auto* box = new QWidget(&dialog);
+  auto* row = new QHBoxLayout(box);
+  row->setContentsMargins(0, 0, 0, 0);
+  const auto captions = [&form] {
+    return std::vector<std::string>(form.matchCaptions.begin(), form.matchCaptions.end());
+  };
+  QComboBox& match = face.combo(
+      "Combo1", label::search_match, captions,
+      [&form] { return form.matchCaptions[static_cast<std::size_t>(form.match)]; },
+      [&form](const std::string& text) {
+        for (std::size_t n = 0; n < form.matchCaptions.size(); ++n)
+          if (form.matchCaptions[n] == text) form.match = static_cast<browse::Match>(n);
+      });
+  QComboBox& font = face.combo(
+      "FontList", label::search_font, [&form] { return form.fonts; }, [&form] { return form.searchFont; },
+      [&form](const std::string& text) { form.searchFont = text; });
+  QLabel& fontText = face.label(label::search_font);
+  fontText.setBuddy(&font);
+  font.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  font.setMinimumContentsLength(18);
+  row->addLayout(face.labelled(label::search_match, match));
+  row->addSpacing(12);
+  row->addWidget(&fontText);
+  row->addWidget(&font);
+  row->addStretch(1);
+  face.onDraw([&form, &match, &font, &fontText, box] {
+    match.setEnabled(form.matchEnabled);
+    font.setVisible(form.fontsShown);
+    fontText.setVisible(form.fontsShown);
+    box->setVisible(form.choicesShown);
+  });
+  return box;
+}
+
+template <class Form>
+QWidget* hierarchyBox(Dialog& dialog, Form& form, const char* mainName, const char* subName,
+                      std::function<void(browse::ResultGrid&, int)> clicked,
+                      std::function<void(browse::ResultGrid&, int)> opened) {
+  auto* box = new QWidget(&dialog);
+  auto* row = new QHBoxLayout(box);
+  row->setContentsMargins(0, 0, 0, 0);
+  const auto add = [&](const char* objectName, int caption, browse::ResultGrid& result) {
+    Grid* grid = nullptr;
+    row->addWidget(resultBox(dialog, objectName, caption, result, grid));
+    if (clicked)
+      grid->selected = [&dialog, clicked, &result](int at) { dialog.face.run([&] { clicked(result, at); }); };
+    if (opened)
+      grid->activated = [&dialog, opened, &result](int at) { dialog.face.run([&] { opened(result, at); }); };
+  };
+  add(mainName, label::main_entry, form.hierarchy.main);
+  add(subName, label::sub_entries, form.hierarchy.subEntries);
+  return box;
+}
+
+}  // namespace
+
+std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, frmSearch& form) {
+  auto dialog = std::make_unique<Dialog>(
+      gate, parent, form.formName,
+      form.mode == browse::SearchMode::goTo ? label::goto_title : label::search_title);
+  Dialog* shown = dialog.get();
+  Face& face = shown->face;
+  shown->helpTopic = form.formName;
+  shown->isOpen = [&form] { return form.visible; };
+  shown->close = [&form] { browse::closeSearch(form); };
+  QLineEdit& box = face.line("TextBox1", label::search, form.searchText,
+                             [&form](const std::string& text) { browse::TextBox1_Change(form, text); });
+  box.setClearButtonEnabled(true);
+  face.onDraw([&box, &form] { box.setFont(fontNamed(form.searchFont)); });
+  const auto search = [&form] { browse::runSearch(form); };
+  QPushButton& start =
+      face.button("Command1_0", label::search, search, [&form] { return form.searchEnabled; });
+  start.setVisible(form.mode == browse::SearchMode::full);
+  QObject::connect(&box, &QLineEdit::returnPressed, shown, [shown, &form] {
+    shown->face.run([&] {
+      if (form.mode == browse::SearchMode::full)
+        browse::runSearch(form);
+      else if (form.jumpEnabled)
+        browse::jump(form);
+    });
+  });
+  auto* typed = new QHBoxLayout;
+  typed->addLayout(face.labelled(label::search, box), 1);
+  typed->addWidget(&start);
+
+  Grid *hits = nullptr, *owners = nullptr;
+  QWidget* hitBox = resultBox(*shown, "DataGrid1", label::search_hits, form.hits, hits);
+  QWidget* ownerBox = resultBox(*shown, "DataGrid2", label::search_owner, form.owners, owners);
+  hits->selected = [shown, &form](int row) { shown->face.run([&] { browse::selectHit(form, row); }); };
+  owners->selected = [shown, &form](int row) { shown->face.run([&] { browse::selectOwner(form, row); }); };
+  const auto jump = [shown, &form](int) { shown->face.run([&] { browse::jump(form); }); };
+  hits->activated = jump;
+  owners->activated = jump;
+  auto* lists = new QHBoxLayout;
+  lists->addWidget(hitBox, 3);
+  lists->addWidget(ownerBox, 2);
+  QLabel& status = face.shown("StatusLabel", [&form] { return form.statusLabel; });
+  auto* column = new QVBoxLayout(shown);
+  column->addLayout(typed);
+  column->addWidget(options(*shown, form));
+  column->addWidget(matchBox(*shown, form));
+  column->addLayout(lists, 3);
+  column->addWidget(
+      hierarchyBox(
+          *shown, form, "DataGrid4", "DataGrid3",
+          [&form](browse::ResultGrid& grid, int row) { browse::showRelated(form, grid, row); },
+          [&form](browse::ResultGrid& grid, int row) { browse::jumpToRelated(form, grid, row); }),
+      2);
+  column->addLayout(shown->buttonRow(
+      {&status}, {&face.button(
+                      "Command1_2", label::search_jump, [&form] { browse::jump(form); },
+                      [&form] { return form.jumpEnabled; }),
+                  &face.button("Command1_1", label::close, [&form] { browse::closeSearch(form); })}));
+  box.setFocus();
+  shown->resize(780, 600);
+  return dialog;
+}
+
+std::unique_ptr<Dialog> makeLookUp(Gate& gate, QWidget* parent, browse::frmSearchSelectedWord& form) {
+  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::lookup_title);
+  Dialog* shown = dialog.get();
+  Face& face = shown->face;
+  shown->helpTopic = form.formName;
+  shown->isOpen = [&form] { return form.visible; };
+  shown->close = [&form] { browse::closeLookup(form); };
+  constexpr int captions[] = {label::lookup_in_texts, label::lookup_exact, label::lookup_contains};
+  auto* lists = new QHBoxLayout;
+  for (std::size_t n = 0; n < form.lists.size(); ++n) {
+    const std::string objectName = "List" + std::to_string(n + 1);
+    QListWidget& list = face.list(
+        objectName.c_str(), captions[n], [&form, n] { return form.lists[n].List2; }, {},
+        [&form, n](int row) { browse::selectRow(form, n, static_cast<std::size_t>(row)); });
+    list.setFont(fontNamed(face.session().project.FontFrom));
+    QObject::connect(&list, &QListWidget::itemActivated, shown,
+                     [shown, &form] { shown->face.run([&] { browse::jump(form); }); });
+    lists->addLayout(face.below(captions[n], list));
+  }
+  QLabel& word = face.shown("Label1", [&form] { return form.Label1; });
+  auto* column = new QVBoxLayout(shown);
+  column->addWidget(&word);
+  column->addLayout(lists, 3);
+  column->addWidget(hierarchyBox(*shown, form, "DataGrid1", "DataGrid2", {}, {}), 2);
+  column->addLayout(shown->buttonRow(
+      {},
+      {&face.button(
+           "Jump", label::search_jump, [&form] { browse::jump(form); }, [&form] { return form.jumpEnabled; }),
+       &face.button("Close", label::close, [&form] { browse::closeLookup(form); })}));
+  shown->resize(780, 560);
+  return dialog;
+}
+
+}  // namespace desktop

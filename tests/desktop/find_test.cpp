@@ -1,0 +1,125 @@
+// Ways to an entry: search, go to, look-up, tree and tables.
+
+#include <gtest/gtest.h>
+
+#include <QTreeWidget>
+
+#include "windows.h"
+
+using namespace windows;
+
+namespace {
+
+void makeKitchen(User& user) {
+  makeDictionary(user, "Gabel");
+  user.in("frmEintrag", [&](QWidget& window) {
+    user.type(window, "HeadwordBox", "Löffel");
+    user.type(window, "NotesBox", "rund und tief");
+    user.tab(window, "SSTab1", meaningsTab);
+    user.type(window, "TextBox2", "spoon");
+    user.press(window, "TextBox2", Qt::Key_Return);
+    user.click(window, "Command1_2");
+  });
+  user.choose("mnuNewEntry");
+  addEntry(user, "Messer");
+}
+
+std::string selectedWord(User& user) {
+  return user.find<QListWidget>("List2").currentItem()->text().toStdString();
+}
+
+TEST(Find, GoToNarrowsAtEachKeyAndJumps) {
+  User user;
+  makeKitchen(user);
+  user.in("frmSearch", [&](QWidget& window) {
+    EXPECT_EQ(User::find<QTableView>(window, "DataGrid1").model()->rowCount(), 3);
+    user.type(window, "TextBox1", "lö");
+    ASSERT_EQ(User::find<QTableView>(window, "DataGrid1").model()->rowCount(), 1);
+    EXPECT_EQ(User::textAt(window, "DataGrid1", 0, 0), "Löffel");
+    user.pickRow(window, "DataGrid1", 0);
+    user.click(window, "Command1_2");
+  });
+  user.choose("mnuGoto");
+  EXPECT_EQ(selectedWord(user), "Löffel");
+}
+
+TEST(Find, AMeaningLeadsToItsOwner) {
+  User user;
+  makeKitchen(user);
+  user.in("frmSearch", [&](QWidget& window) {
+    user.click(window, "Option2");
+    user.type(window, "TextBox1", "poo");
+    user.click(window, "Command1_0");
+    user.pickRow(window, "DataGrid1", 0);
+    EXPECT_EQ(User::textAt(window, "DataGrid2", 0, 0), "Löffel");
+    user.pickRow(window, "DataGrid2", 0);
+    user.press(window, "DataGrid2", Qt::Key_Return);
+  });
+  user.choose("mnuSearchEntry");
+  EXPECT_EQ(selectedWord(user), "Löffel");
+}
+
+TEST(Find, NothingFoundIsTold) {
+  User user;
+  makeKitchen(user);
+  user.in("frmSearch", [&](QWidget& window) {
+    user.type(window, "TextBox1", "Teller");
+    user.answer("");
+    user.press(window, "TextBox1", Qt::Key_Return);
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
+  user.choose("mnuSearchEntry");
+}
+
+TEST(Find, ATableIsEditedInPlace) {
+  User user;
+  makeKitchen(user);
+  user.choose("mnuViewEntriesMeanings");
+  auto& table = *user.app->window->findChild<QWidget*>("frmView");
+  auto& grid = User::find<QTableView>(table, "DataGrid1");
+  int row = 0;
+  while (row < grid.model()->rowCount() && User::textAt(table, "DataGrid1", row, 0) != "Löffel") ++row;
+  int column = 0;
+  while (column < grid.model()->columnCount() && User::textAt(table, "DataGrid1", row, column) != "spoon")
+    ++column;
+  ASSERT_LT(column, grid.model()->columnCount());
+  // Through the editor of the cell, as a user does it.
+  const QModelIndex cell = grid.model()->index(row, column);
+  grid.setCurrentIndex(cell);
+  grid.edit(cell);
+  auto* box = grid.viewport()->findChild<QLineEdit*>();
+  ASSERT_NE(box, nullptr);
+  box->setText("ladle");
+  QTest::keyClick(box, Qt::Key_Return);
+  user.settle();
+  EXPECT_EQ(value(user, "select Wortbedeutung from Wortbedeutung"), "ladle");
+  user.click(table, "Close");
+  EXPECT_EQ(user.app->frame.views.size(), 0u);
+  user.choose("mnuViewGeneral");
+  user.choose("mnuClose");  // takes the view along
+  EXPECT_EQ(user.app->frame.views.size(), 0u);
+}
+
+TEST(Find, ATreeOpensItsPropertiesAndJumps) {
+  User user;
+  makeKitchen(user);
+  select(user, 1);
+  user.in("frmEintrag", [&](QWidget& window) {
+    user.tab(window, "SSTab1", propertiesTab);
+    User::find<QListWidget>(window, "DBList9").setCurrentRow(0);
+    user.click(window, "AddProperty");
+    user.click(window, "Command1_2");
+  });
+  user.choose("mnuEditEntry");
+  select(user, 0);
+  user.choose("mnuViewAttributeEntry");
+  auto& tree = user.find<QTreeWidget>("outline1");
+  ASSERT_GT(tree.topLevelItemCount(), 0);
+  tree.topLevelItem(0)->setExpanded(true);
+  ASSERT_EQ(tree.topLevelItem(0)->childCount(), 1);
+  tree.setCurrentItem(tree.topLevelItem(0)->child(0));
+  user.click(*user.app->window->findChild<QWidget*>("frmTreeView"), "Jump");
+  EXPECT_EQ(selectedWord(user), "Löffel");
+}
+
+}  // namespace
