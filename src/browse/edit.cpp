@@ -138,7 +138,11 @@ void EditEntry(frmWoerter& form) {
   session.entry.EntryEditMode = form.list.List2[at].rfind("---", 0) == 0 ? 4 : 3;
   const std::int64_t mainId = form.list.List3[at];
   session.desk.boxes.showModal(form.editor);
-  if (session.entry.CurrentBegriff.empty()) return;
+  if (session.entry.CurrentBegriff.empty()) {
+    // Nothing was saved, but what hangs on the entry was stored at once: meanings, picture, sound.
+    SelectEntry(form);
+    return;
+  }
   const std::int64_t edited = session.entry.CurrentEntryId;
   LoadAllWords(form);
   if (form.rsWoerter.RecordCount() > 0) showAgain(form, edited, mainId);

@@ -38,6 +38,7 @@ struct Media : testing::Test {
     return path;
   }
   void inEditor(const User::Deeds& deeds) {
+    user.app->session.entry.CurrentBegriff.clear();  // no command saved an entry yet, as after a start
     user.in("frmEintrag", [this, deeds](QWidget& window) {
       deeds(window);
       user.click(window, "Command7");
