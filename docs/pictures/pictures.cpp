@@ -1,12 +1,15 @@
-// pictures DICTIONARY FOLDER LANGUAGE: opens every window over a copy of the dictionary and saves it as a picture.
+// pictures DICTIONARY FOLDER LANGUAGE [dark]: opens every window over a copy of the dictionary and saves it as a
+// picture. QT_SCALE_FACTOR=2 in the environment makes all of it twice as large.
 
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <filesystem>
 #include <iostream>
 
 #include "desktop/browse/browser_window.h"
 #include "desktop/shell/splash.h"
+#include "support/fake_media.h"
 #include "support/user.h"
 
 namespace {
@@ -23,10 +26,22 @@ class Album {
     if (!window.grab().save(QString::fromStdString(path))) throw std::runtime_error("can not write " + path);
     std::cout << path << std::endl;
   }
+  /// Every tab of a dialog that has them.
+  void tabs(QWidget& window, const std::string& form) {
+    auto& strip = User::find<QTabWidget>(window, "SSTab1");
+    for (int n = 0; n < strip.count(); ++n) {
+      if (!strip.isTabVisible(n) || !strip.isTabEnabled(n)) continue;
+      strip.setCurrentIndex(n);
+      save(window, form + "-" + std::to_string(n + 1));
+    }
+  }
   /// A dialog that a menu item opens: as it comes, then closed.
   void dialog(const char* menuItem, const std::string& form) {
     user_.in(form, [this, form](QWidget& window) {
-      save(window, form);
+      if (window.findChild<QTabWidget*>("SSTab1") != nullptr)
+        tabs(window, form);
+      else
+        save(window, form);
       close(window);
     });
     user_.choose(menuItem);
@@ -38,6 +53,24 @@ class Album {
   fs::path folder_;
 };
 
+/// A dark palette, as desktops offer it.
+void darken() {
+  User::toolkit();
+  const QColor back(0x2b, 0x2b, 0x2b), field(0x1e, 0x1e, 0x1e), text(0xe6, 0xe6, 0xe6), chosen(0x2a, 0x62, 0x9c);
+  QPalette dark(text, back, back.lighter(), back.darker(), back.lighter(120), text, field);
+  dark.setColor(QPalette::AlternateBase, back);
+  dark.setColor(QPalette::Base, field);
+  dark.setColor(QPalette::Highlight, chosen);
+  dark.setColor(QPalette::HighlightedText, text);
+  dark.setColor(QPalette::Link, QColor(0x6c, 0xb4, 0xff));
+  dark.setColor(QPalette::ToolTipBase, field);
+  dark.setColor(QPalette::ToolTipText, text);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+  QApplication::setStyle("Fusion");
+  QApplication::setPalette(dark);
+}
+
 void wizard(User& user, Album& album) {
   user.in("frmChooseDBType", [&](QWidget& window) {
     album.save(window, "frmChooseDBType");
@@ -45,37 +78,74 @@ void wizard(User& user, Album& album) {
   });
   user.chooseFile(user.home / "wizard/NEU.CVB");
   user.in("firstent", [&](QWidget& window) {
-    auto& tabs = User::find<QTabWidget>(window, "SSTab1");
-    for (int n = 0; n < tabs.count(); ++n) {
-      tabs.setCurrentIndex(n);
-      album.save(window, "firstent-" + std::to_string(n + 1));
-    }
+    album.tabs(window, "firstent");
     user.answer("Yes");
     Album::close(window);
   });
   user.choose("mnuNew");
 }
 
-/// Every tab of a dialog that has them.
-void tabs(Album& album, QWidget& window, const std::string& form) {
-  auto& strip = User::find<QTabWidget>(window, "SSTab1");
-  for (int n = 0; n < strip.count(); ++n) {
-    if (!strip.isTabVisible(n) || !strip.isTabEnabled(n)) continue;
-    strip.setCurrentIndex(n);
-    album.save(window, form + "-" + std::to_string(n + 1));
-  }
-}
-
-void editor(User& user, Album& album) {
-  user.in("frmEintrag", [&](QWidget& window) {
-    tabs(album, window, "frmEintrag");
-    Album::close(window);
-  });
-  user.choose("mnuEditEntry");
+void help(User& user, Album& album) {
+  user.choose("mnuHelpContent");
+  auto& window = user.find<QDialog>("HelpWindow");
+  album.save(window, "help");
+  window.close();
 }
 
 void selectWord(User& user, const char* text) {
   user.type(*user.app->window, "Text3", text);
+}
+
+/// A house on a meadow.
+void drawHouse(const std::string& path) {
+  QImage picture(640, 400, QImage::Format_RGB32);
+  picture.fill(QColor(0x9c, 0xc8, 0xf0));
+  QPainter painter(&picture);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  const auto shape = [&painter](int colour, const QPolygon& points) {
+    painter.setBrush(QColor::fromRgb(static_cast<QRgb>(colour)));
+    painter.drawPolygon(points);
+  };
+  shape(0x5a9a4a, QPolygon(QRect(0, 300, 640, 100)));
+  shape(0xf0e0c0, QPolygon(QRect(200, 180, 240, 160)));
+  shape(0xb04030, QPolygon({{170, 180}, {320, 60}, {470, 180}}));
+  shape(0x704020, QPolygon(QRect(295, 250, 50, 90)));
+  for (const int left : {225, 365}) shape(0x4080b0, QPolygon(QRect(left, 215, 50, 45)));
+  painter.end();
+  if (!picture.save(QString::fromStdString(path))) throw std::runtime_error("can not write " + path);
+}
+
+/// Picture and sound of an entry: in the editor, in the browser, on the full screen.
+void media(User& user, Album& album) {
+  test::FakeSound device;
+  platform::Sound* const before = std::exchange(user.app->session.desk.media.sound, &device);
+  const std::string house = user.home / "house.png";
+  drawHouse(house);
+  user.in("frmEintrag", [&](QWidget& window) {
+    user.chooseFile(house);
+    user.click(window, "Command4");
+    user.click(window, "SSCommand9_0");
+    QTest::qWait(500);
+    album.save(window, "frmEintrag-recording");
+    user.click(window, "SSCommand9_1");
+    album.save(window, "frmEintrag-picture");
+    user.in("frmVollBild", [&](QWidget& screen) {
+      album.save(screen, "frmVollBild");
+      Album::close(screen);
+    });
+    user.click(window, "FullScreen");
+    user.click(window, "Command7");
+  });
+  user.choose("mnuEditEntry");
+  album.save(*user.app->window, "frmWoerter-picture");
+  user.app->session.files.CurrentDB.Execute("UPDATE Sprache SET Stil1 = False, Stil2 = False");
+  selectWord(user, "Igel");
+  selectWord(user, "Haus");
+  album.save(*user.app->window, "frmWoerter-grids");
+  user.app->session.files.CurrentDB.Execute("UPDATE Sprache SET Stil1 = True");
+  album.dialog("mnuSoundInfo", "frmSoundInfo");
+  user.app->session.desk.media.sound = before;
 }
 
 void boxes(User& user, Album& album) {
@@ -91,6 +161,10 @@ struct DialogOfMenu {
   const char *menuItem, *form;
 };
 constexpr DialogOfMenu dialogs[] = {
+    {"mnuEditEntry", "frmEintrag"},         {"mnuVocariumConfig", "frmConfig"},
+    {"mnuEnvironment", "frmEnvironment"},   {"mnuAutomatic", "frmAutokat"},
+    {"mnuDeleteEigenschaft", "frmDeleteEigenschaftSach"},
+    {"mnuDeleteBySubject", "frmDeleteEintragEigenschaftSach"},
     {"mnuFastEntry", "frmFastEntry"},       {"mnuRelinkEntry", "frmRelink"},
     {"mnuChoice", "frmFilter"},             {"mnuNewHistory", "frmHistory"},
     {"mnuDeleteByDate", "frmDeleteEntries"}, {"mnuProperties", "frmNewKateg"},
@@ -113,8 +187,9 @@ void makeAll(const std::string& dictionary, const fs::path& folder, bool english
   user.choose("mnuOpen");
   selectWord(user, "Haus");
   album.save(*user.app->window, "frmMDI");
-  editor(user, album);
   for (const DialogOfMenu& each : dialogs) album.dialog(each.menuItem, each.form);
+  media(user, album);
+  help(user, album);
   boxes(user, album);
   user.choose("mnuClose");
 }
@@ -122,11 +197,12 @@ void makeAll(const std::string& dictionary, const fs::path& folder, bool english
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 4) {
-    std::cerr << "usage: pictures DICTIONARY FOLDER de|en" << std::endl;
+  if (argc < 4 || argc > 5) {
+    std::cerr << "usage: pictures DICTIONARY FOLDER de|en [dark]" << std::endl;
     return 2;
   }
   try {
+    if (argc == 5) darken();
     makeAll(argv[1], argv[2], std::string(argv[3]) == "en");
     return 0;
   } catch (const std::exception& failure) {

@@ -1,0 +1,368 @@
+// The settings of a dictionary, the applications of file types, the dialogs that carry items of the
+// catalogues between lists, and the help.
+
+#include <gtest/gtest.h>
+
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTextBrowser>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "shell/frame/config_fields.h"
+#include "windows.h"
+
+using namespace windows;
+
+namespace {
+
+using enum frame::ConfigTab;
+
+void show(User& user, QWidget& window, frame::ConfigTab tab) {
+  user.tab(window, "SSTab1", static_cast<int>(tab));
+}
+
+void inSettings(User& user, const User::Deeds& deeds) {
+  user.in("frmConfig", deeds);
+  user.choose("mnuVocariumConfig");
+  EXPECT_FALSE(user.hasPlans());
+}
+
+/// The texts of a list.
+std::vector<std::string> items(QWidget& window, const char* list) {
+  std::vector<std::string> texts;
+  const auto& found = User::find<QListWidget>(window, list);
+  for (int row = 0; row < found.count(); ++row) texts.push_back(found.item(row)->text().toStdString());
+  return texts;
+}
+
+void take(User& user, QWidget& window, const char* list, const std::string& item) {
+  auto& found = User::find<QListWidget>(window, list);
+  const auto rows = found.findItems(QString::fromStdString(item), Qt::MatchExactly);
+  ASSERT_EQ(rows.size(), 1) << item;
+  found.setCurrentItem(rows.first());
+  user.press(window, list, Qt::Key_Return);
+}
+
+void addCatalogueItem(User& user, const char* menuItem, const std::string& item) {
+  user.in("frmNewKateg", [&, item](QWidget& window) {
+    user.type(window, "Text1", item);
+    user.click(window, "AddItem");
+    user.click(window, "Close");
+  });
+  user.choose(menuItem);
+}
+
+TEST(Config, EverySettingHasAControl) {
+  User user;
+  makeDictionary(user, "Gabel");
+  inSettings(user, [&](QWidget& window) {
+    for (const frame::ConfigField& field : frame::configFields()) {
+      if (field.tab == frame::ConfigTab::printFonts) continue;
+      const std::string control = *field.control != '\0' ? field.control : field.name;
+      const bool shownAsCharacters = field.name == "LautschriftZeichenArialUnicode";
+      EXPECT_NE(window.findChild<QWidget*>(shownAsCharacters ? "TextBox3" : control.c_str()), nullptr)
+          << field.name;
+    }
+    user.click(window, "Cancel");
+  });
+}
+
+TEST(Config, SettingsAreKeptAfterReopeningAndCancelKeepsNone) {
+  User user;
+  const std::string path = makeDictionary(user, "Gabel");
+  inSettings(user, [&](QWidget& window) {
+    user.type(window, "Kurzbeschreibung", "Küche & \"Keller\"");
+    show(user, window, sound);
+    user.click(window, "khz44");
+    user.click(window, "two");
+    show(user, window, publishing);
+    user.click(window, "UseWebsitePath");
+    show(user, window, frame::ConfigTab::entry);
+    user.type(window, "SteuerzeichenFeld", "");
+    user.type(window, "SteuerzeichenSatz", "");
+    User::find<QListWidget>(window, "List6").setCurrentRow(0);
+    user.click(window, "OK");
+  });
+  inSettings(user, [&](QWidget& window) {
+    show(user, window, sound);
+    user.click(window, "khz11");
+    show(user, window, author);
+    user.type(window, "Autorname", "niemand");
+    QTest::keyClick(&window, Qt::Key_Escape);
+  });
+  EXPECT_EQ(user.app->session.shell.projectBar.description, "Küche & \"Keller\"");
+  user.choose("mnuClose");
+  user.chooseFile(path);
+  user.choose("mnuOpen");
+  const std::string font = user.app->desk.fontNames().front();
+  inSettings(user, [&](QWidget& window) {
+    const auto chosen = [&](const char* button) {
+      return User::find<QRadioButton>(window, button).isChecked();
+    };
+    const auto text = [&](const char* box) {
+      return User::find<QLineEdit>(window, box).text().toStdString();
+    };
+    EXPECT_TRUE(chosen("khz44") && !chosen("khz22") && !chosen("khz11"));
+    EXPECT_TRUE(chosen("two") && !chosen("one"));
+    EXPECT_TRUE(chosen("UseWebsitePath") && !chosen("UseRelativPath"));
+    EXPECT_EQ(text("Kurzbeschreibung"), "Küche & \"Keller\"");
+    EXPECT_EQ(text("SteuerzeichenFeld"), "^");
+    EXPECT_EQ(text("SteuerzeichenSatz"), "~");
+    EXPECT_EQ(text("Autorname"), value(user, "select Autorname from Autor"));
+    EXPECT_EQ(User::find<QListWidget>(window, "List6").currentItem()->text().toStdString(), font);
+    user.click(window, "Cancel");
+  });
+}
+
+/// The settings as they are stored, but for the date that loses its time of day.
+std::vector<std::string> storedSettings(User& user) {
+  std::vector<std::string> texts;
+  for (const frame::ConfigField& field : frame::configFields())
+    if (field.kind != frame::FieldKind::date)
+      texts.push_back(field.name + "=" + value(user, "select " + field.name + " from " + field.table));
+  return texts;
+}
+
+TEST(Config, ThePassingFocusAndOkChangeNothing) {
+  User user;
+  makeDictionary(user, "Gabel");
+  const std::vector<std::string> before = storedSettings(user);
+  inSettings(user, [&](QWidget& window) {
+    auto& tabs = User::find<QTabWidget>(window, "SSTab1");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+      tabs.setCurrentIndex(tab);
+      for (QWidget* control : tabs.currentWidget()->findChildren<QWidget*>()) {
+        QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason), out(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(control, &in);
+        QApplication::sendEvent(control, &out);
+      }
+    }
+    user.click(window, "OK");
+  });
+  EXPECT_EQ(storedSettings(user), before);
+}
+
+TEST(Config, AWrongDateOrNumberKeepsTheWindowOnItsTab) {
+  User user;
+  makeDictionary(user, "Gabel");
+  inSettings(user, [&](QWidget& window) {
+    auto& tabs = User::find<QTabWidget>(window, "SSTab1");
+    user.type(window, "Text10", "31.31.2020");
+    show(user, window, sound);
+    user.click(window, "two");
+    user.answer("");
+    user.click(window, "OK");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(tabs.currentIndex(), static_cast<int>(reports));
+    user.type(window, "Text10", "24.12.2020");
+    user.type(window, "NewNumberOfDays", "sieben");
+    user.answer("", "NewNumberOfDays");
+    user.click(window, "OK");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(value(user, "select ZweiKanal from Sprache"), "0");
+    user.type(window, "NewNumberOfDays", "30");
+    user.click(window, "OK");
+  });
+  EXPECT_EQ(value(user, "select NewNumberOfDays from Sprache"), "30");
+  EXPECT_EQ(value(user, "select Year(LastReportTableUpdate) from Sprache"), "2020");
+}
+
+TEST(Config, APrintFontChangesAloneAndAnArticleIsAddedByEnter) {
+  User user;
+  makeDictionary(user, "Gabel");
+  const std::string other = value(user, "select ObjektSchriftgroesse from Druckschriften");
+  inSettings(user, [&](QWidget& window) {
+    show(user, window, printFonts);
+    const int examples = 5;
+    user.pickRow(window, "PrintFonts", examples);
+    User::find<QSpinBox>(window, "PrintFontSize").setValue(17);
+    const bool wasBold = User::find<QCheckBox>(window, "PrintFontBold").isChecked();
+    user.click(window, "PrintFontBold");
+    EXPECT_EQ(User::textAt(window, "PrintFonts", examples, 2), "17");
+    EXPECT_EQ(User::textAt(window, "PrintFonts", examples, 3), wasBold ? "" : "✓");
+    show(user, window, frame::ConfigTab::entry);
+    user.type(window, "TextBox2", "the");
+    user.press(window, "TextBox2", Qt::Key_Return);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(User::find<QLineEdit>(window, "TextBox2").text().isEmpty());
+    user.click(window, "OK");
+  });
+  EXPECT_EQ(value(user, "select BeispielSchriftgroesse from Druckschriften"), "17");
+  EXPECT_EQ(value(user, "select ObjektSchriftgroesse from Druckschriften"), other);
+  EXPECT_EQ(value(user, "select count(*) from WArtikel where Artikel = 'the'"), "1");
+}
+
+TEST(Environment, FileTypesAreEditedAddedAndRemovedAndSavedAtOnce) {
+  User user;
+  makeDictionary(user, "Gabel");
+  const int before = std::stoi(value(user, "select count(*) from Umgebung"));
+  user.in("frmEnvironment", [&](QWidget& window) {
+    EXPECT_FALSE(User::find<QPushButton>(window, "Save").isEnabled());
+    User::cell(window, "DBGrid1", before, 0, ".xyz");
+    user.answer("");  // a type without application
+    user.click(window, "Save");
+    EXPECT_TRUE(window.isVisible());
+    User::cell(window, "DBGrid1", before, 1, "/usr/bin/less \"-S\"");
+    EXPECT_EQ(value(user, "select count(*) from Umgebung"), std::to_string(before));
+    user.click(window, "Save");
+  });
+  user.choose("mnuEnvironment");
+  EXPECT_EQ(value(user, "select Anwendung from Umgebung where Dateityp = 'XYZ'"), "/usr/bin/less \"-S\"");
+  const auto remove = [&](const char* button) {
+    user.in("frmEnvironment", [&, button](QWidget& window) {
+      const auto& grid = User::find<QTableView>(window, "DBGrid1");
+      for (int row = 0; row < grid.model()->rowCount(); ++row)
+        if (User::textAt(window, "DBGrid1", row, 0) == "XYZ") user.pickRow(window, "DBGrid1", row);
+      user.press(window, "DBGrid1", Qt::Key_Delete);
+      user.click(window, button);
+    });
+    user.choose("mnuEnvironment");
+  };
+  remove("Cancel");
+  EXPECT_EQ(value(user, "select count(*) from Umgebung"), std::to_string(before + 1));
+  remove("Save");
+  EXPECT_EQ(value(user, "select count(*) from Umgebung"), std::to_string(before));
+}
+
+TEST(Catalogues, AnAutomaticPropertyComesToANewEntryAndTheTabsHaveFlagsOfTheirOwn) {
+  User user;
+  makeDictionary(user, "Gabel");
+  addCatalogueItem(user, "mnuProperties", "Besteck");
+  addCatalogueItem(user, "mnuProperties", "Geschirr");
+  user.in("frmAutokat", [&](QWidget& window) {
+    take(user, window, "List1", "Besteck");
+    EXPECT_EQ(items(window, "List2"), std::vector<std::string>{"Besteck"});
+    User::find<QTabBar>(window, "SSTab1").setCurrentIndex(1);
+    EXPECT_TRUE(items(window, "List2").empty());
+    user.click(window, "Check1");
+    EXPECT_EQ(items(window, "List2"), items(window, "List1"));
+    user.click(window, "ClearAll");
+    User::find<QTabBar>(window, "SSTab1").setCurrentIndex(0);
+    EXPECT_EQ(items(window, "List2"), std::vector<std::string>{"Besteck"});
+    user.click(window, "Close");
+  });
+  user.choose("mnuAutomatic");
+  addEntry(user, "Löffel");
+  EXPECT_EQ(value(user,
+                  "select W.Begriff from Woerterbuch as W, relWoertWKat as R, WKategorie as K "
+                  "where W.ID_Woerterbuch = R.ID_Woerterbuch and R.ID_WKategorie = K.ID_WKategorie and "
+                  "K.Kategorie = 'Besteck'"),
+            "Löffel");
+}
+
+TEST(Catalogues, APropertyGoesWithItsAssignmentsAndItsEntriesStay) {
+  User user;
+  makeDictionary(user, "Gabel");
+  addCatalogueItem(user, "mnuProperties", "Besteck");
+  user.in("frmAutokat", [&](QWidget& window) {
+    take(user, window, "List1", "Besteck");
+    user.click(window, "Close");
+  });
+  user.choose("mnuAutomatic");
+  addEntry(user, "Löffel");
+  const auto open = [&](const char* answer) {
+    user.in("frmDeleteEigenschaftSach", [&, answer](QWidget& window) {
+      EXPECT_FALSE(User::find<QPushButton>(window, "DeleteItems").isEnabled());
+      take(user, window, "List1", "Besteck");
+      take(user, window, "List2", "Besteck");
+      EXPECT_TRUE(items(window, "List2").empty());
+      take(user, window, "List1", "Besteck");
+      user.answer(answer);
+      if (std::string(answer) == "Yes") user.answer("");
+      user.click(window, "DeleteItems");
+      user.click(window, "Close");
+    });
+    user.choose("mnuDeleteEigenschaft");
+  };
+  open("No");
+  EXPECT_EQ(value(user, "select count(*) from relWoertWKat"), "1");
+  open("Yes");
+  EXPECT_EQ(value(user, "select count(*) from WKategorie where Kategorie = 'Besteck'"), "0");
+  EXPECT_EQ(value(user, "select count(*) from relWoertWKat"), "0");
+  EXPECT_EQ(words(user), (std::vector<std::string>{"Gabel", "Löffel"}));
+}
+
+TEST(Catalogues, EntriesAreDeletedByASubjectAndTheListFollows) {
+  User user;
+  makeDictionary(user, "Gabel");
+  addCatalogueItem(user, "mnuSubjects", "Raubtiere");
+  user.in("frmAutokat", [&](QWidget& window) {
+    take(user, window, "List3", "Raubtiere");
+    user.click(window, "Close");
+  });
+  user.choose("mnuAutomatic");
+  addEntry(user, "Löwe");
+  addEntry(user, "Luchs");
+  user.in("frmDeleteEintragEigenschaftSach", [&](QWidget& window) {
+    take(user, window, "List1", "Raubtiere");
+    user.answer("Yes");
+    user.answer("", "2");
+    user.click(window, "DeleteEntries");
+    user.click(window, "Close");
+  });
+  user.choose("mnuDeleteBySubject");
+  EXPECT_EQ(words(user), std::vector<std::string>{"Gabel"});
+  EXPECT_EQ(value(user, "select count(*) from WSachgebiet where Sachgebiet = 'Raubtiere'"), "1");
+}
+
+/// The page of help that is shown below a window; it is closed.
+std::string helpShown(QWidget& window) {
+  auto& page = User::find<QTextBrowser>(window, "HelpPage");
+  const std::string name = page.source().fileName().toStdString();
+  EXPECT_FALSE(page.toPlainText().isEmpty()) << name;
+  page.window()->close();
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  return name;
+}
+
+TEST(Help, ADialogShowsItsPageByKeyAndButtonAndLinksLeadOn) {
+  User user(true);
+  makeDictionary(user, "fork");
+  user.choose("mnuHTMLHelp");
+  EXPECT_EQ(helpShown(*user.app->window), "frmWoerter.md");
+  inSettings(user, [&](QWidget& window) {
+    QTest::keyClick(&window, Qt::Key_F1);
+    auto& page = User::find<QTextBrowser>(window, "HelpPage");
+    EXPECT_TRUE(page.source().path().contains("/en/")) << page.source().path().toStdString();
+    user.click(*page.window(), "Contents");
+    EXPECT_EQ(page.source().fileName(), "index.md");
+    user.click(*page.window(), "Back");
+    EXPECT_EQ(helpShown(window), "frmConfig.md");
+    user.click(window, "Help");
+    EXPECT_EQ(helpShown(window), "frmConfig.md");
+    user.click(window, "Cancel");
+  });
+}
+
+TEST(Help, EveryPageIsThereInBothLanguagesAndItsLinksLeadSomewhere) {
+  namespace fs = std::filesystem;
+  User::toolkit();
+  const fs::path help = fs::path(VOCARIUM_BINARY_DIR) / "share/help";
+  const auto pages = [&](const char* language) {
+    std::vector<std::string> names;
+    for (const auto& each : fs::directory_iterator(help / language)) names.push_back(each.path().filename());
+    std::ranges::sort(names);
+    return names;
+  };
+  EXPECT_EQ(pages("de"), pages("en"));
+  for (const char* language : {"de", "en"}) {
+    QTextBrowser browser;
+    browser.setSource(QUrl::fromLocalFile(QString::fromStdString((help / language / "index.md").string())));
+    const QString contents = browser.toMarkdown();
+    for (const std::string& page : pages(language)) {
+      EXPECT_TRUE(page == "index.md" || contents.contains(QString::fromStdString("(" + page + ")"))) << page;
+      std::ifstream file(help / language / page);
+      const std::string text(std::istreambuf_iterator<char>(file), {});
+      for (std::size_t at = text.find("]("); at != std::string::npos; at = text.find("](", at + 1)) {
+        const std::string link = text.substr(at + 2, text.find(')', at) - at - 2);
+        EXPECT_TRUE(fs::exists(help / language / link)) << page << " leads to " << link;
+      }
+    }
+  }
+}
+
+}  // namespace
