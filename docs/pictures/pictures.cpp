@@ -122,6 +122,7 @@ void media(User& user, Album& album) {
   platform::Sound* const before = std::exchange(user.app->session.desk.media.sound, &device);
   const std::string house = user.home / "house.png";
   drawHouse(house);
+  selectWord(user, "Haus");
   user.in("frmEintrag", [&](QWidget& window) {
     user.chooseFile(house);
     user.click(window, "Command4");
