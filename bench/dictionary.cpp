@@ -13,7 +13,8 @@
 #include <random>
 
 #include "base/text.h"
-#include "browse/frmWoerter.h"
+#include "browse/commands.h"
+#include "browse/frmSearch.h"
 #include "cli/console_desk.h"
 #include "exchange/frmImportExternalDB.h"
 #include "plain.h"
@@ -86,6 +87,7 @@ struct Program {
     if (!frame::frmStart_Load(session, program) || !frame::frmMDI_Initialize(frame) ||
         !frame::frmMDI_Load(frame))
       stop("the start");
+    session.shell.entryDisplayed = false;
   }
   void open(const std::string& path) {
     console.answerFileDialog({path});
@@ -253,7 +255,45 @@ void makeLarge(const std::string& folder, const std::string& path, std::size_t c
 
 struct Opening {
   double firstPage = 0, page = 0, find = 0;
+  double asPage = 0;  ///< showing the entry that a row stands for
+  double goTo = 0, search = 0;
 };
+
+/// Selecting one row after the other, with the entry shown beside the list.
+double selectRows(Program& program) {
+  program.session.shell.entryDisplayed = true;
+  browse::frmWoerter& browser = *program.frame.browsers.front().form;
+  const int rows = static_cast<int>(browser.list.size());
+  const double start = now();
+  for (int row = 0; row < rows; ++row) browse::List2_Click(browser, row);
+  const double each = (now() - start) / rows;
+  program.session.shell.entryDisplayed = false;
+  return each;
+}
+
+/// The slowest keystroke of typing a headword into "go to".
+double goTo(Program& program, const std::string& headword) {
+  browse::frmSearch dialog(program.session, browse::SearchMode::goTo);
+  if (!browse::Form_Load(dialog)) stop("go to");
+  double slowest = 0;
+  for (std::size_t length = 1; length <= base::length(headword); ++length) {
+    const double start = now();
+    browse::TextBox1_Change(dialog, base::left(headword, length));
+    for (std::int64_t row = 0; row < 40; ++row) browse::gridCell(dialog.hits, row, 0);
+    slowest = std::max(slowest, now() - start);
+  }
+  if (browse::gridRows(dialog.hits) == 0) stop("go to " + headword);
+  return slowest;
+}
+
+double searchContains(Program& program, const std::string& text) {
+  browse::frmSearch dialog(program.session, browse::SearchMode::full);
+  if (!browse::Form_Load(dialog)) stop("searching");
+  browse::TextBox1_Change(dialog, text);
+  const double start = now();
+  if (!browse::runSearch(dialog) || browse::gridRows(dialog.hits) == 0) stop("searching " + text);
+  return now() - start;
+}
 
 Opening openAndFind(const std::string& folder, const std::string& path, std::size_t count) {
   Opening result;
@@ -275,6 +315,12 @@ Opening openAndFind(const std::string& folder, const std::string& path, std::siz
       stop("finding " + headword);
   }
   result.find = *std::max_element(finds.begin(), finds.end());
+  browse::searchBoxChanged(browser, "");
+  browse::FormInit(browser);
+  result.asPage = selectRows(program);
+  const std::string headword = headwordsToFind(count).back();
+  result.goTo = goTo(program, headword);
+  result.search = searchContains(program, headword.substr(headword.size() / 2));
   program.close();
   return result;
 }
@@ -302,6 +348,9 @@ void openLarge(const std::string& folder, std::size_t count) {
   report("opening, count and first page at " + std::to_string(count), many.firstPage * 1000, "ms", "300 ms");
   report("a page at " + std::to_string(count) + " against 10000", many.page, few.page, "1.5");
   report("finding a headword and placing the list, the slowest of 20", many.find * 1000, "ms", "5 ms");
+  report("selecting a row, the entry shown as a page", many.asPage * 1000, "ms", "");
+  report("going to a headword, the slowest keystroke", many.goTo * 1000, "ms", "16 ms");
+  report("searching all texts for a part", many.search * 1000, "ms", "");
   report("memory after opening and finding", peakMemory(), "MiB", "200 MiB");
   openToClosed(folder, large);
 }
