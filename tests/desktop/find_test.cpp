@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QMenu>
+#include <QTextBrowser>
 #include <QTreeWidget>
 
 #include "windows.h"
@@ -69,6 +71,31 @@ TEST(Find, NothingFoundIsTold) {
     QTest::keyClick(&window, Qt::Key_Escape);
   });
   user.choose("mnuSearchEntry");
+}
+
+TEST(Find, AWordMarkedInThePageIsLookedUp) {
+  User user;
+  makeKitchen(user);
+  select(user, 1);
+  auto& page = user.find<QTextBrowser>("WebBrowser1");
+  ASSERT_TRUE(page.find("tief"));
+  user.in("frmSearchSelectedWord", [&](QWidget& window) {
+    auto& inTexts = User::find<QListWidget>(window, "List1");
+    ASSERT_EQ(inTexts.count(), 1);
+    EXPECT_EQ(inTexts.item(0)->text(), "Löffel");
+    EXPECT_FALSE(User::find<QPushButton>(window, "Jump").isEnabled());
+    inTexts.setCurrentRow(0);
+    user.click(window, "Jump");
+  });
+  select(user, 0);
+  page.setHtml("tief");
+  ASSERT_TRUE(page.find("tief"));
+  emit page.customContextMenuRequested({});
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  menu->actions().last()->trigger();
+  user.settle();
+  EXPECT_EQ(selectedWord(user), "Löffel");
 }
 
 TEST(Find, ATableIsEditedInPlace) {

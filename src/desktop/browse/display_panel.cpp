@@ -3,8 +3,10 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -13,64 +15,38 @@
 
 #include "browse/page_html.h"
 #include "desktop/application.h"
+#include "desktop/browse/entry_page.h"
 #include "desktop/browse/media_bar.h"
 
 namespace desktop {
 
-/// The web view: shows the written page, its pictures and style sheet from beside it.
-class EntryPage : public QTextBrowser {
- public:
-  explicit EntryPage(QWidget* parent) : QTextBrowser(parent) {
-    setOpenLinks(false);
-    setAccessibleName("CurrentEntry.HTM");
-  }
-  /// Reads the page anew; a file that is gone shows empty.
-  void open(const QString& path) {
-    QFile file(path);
-    const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    if (path == shown_ && bytes == bytes_) return;
-    shown_ = path;
-    bytes_ = bytes;
-    document()->setBaseUrl(QUrl::fromLocalFile(path));
-    setHtml(qt(browse::forStrictView(bytes.toStdString())));
-  }
-  /// A double click on a picture of the page, by its address there.
-  std::function<void(const QString& address)> pictureActivated;
+namespace {
 
- protected:
-  void mouseDoubleClickEvent(QMouseEvent* event) override {
-    const QTextImageFormat picture = pictureAt(event->pos());
-    if (picture.isValid() && pictureActivated)
-      pictureActivated(picture.name());
-    else
-      QTextBrowser::mouseDoubleClickEvent(event);
-  }
-  QVariant loadResource(int, const QUrl& name) override {
-    // Paths of the page are plain, not addresses: one with a blank or "#" has to arrive whole.
-    const QString path =
-        QFileInfo(name.path()).isAbsolute() ? name.path() : name.toString(QUrl::PreferLocalFile);
-    const QFileInfo file(QFileInfo(path).isAbsolute() ? path : QFileInfo(shown_).dir().filePath(path));
-    QFile found(file.filePath());
-    if (!file.isFile() || !found.open(QIODevice::ReadOnly)) return {};
-    return found.readAll();
-  }
+/// The menu of a text that can be marked: what is usual there, and the look-up of the marked word.
+template <class Text>
+void offerLookUp(Application& app, Face& face, Text& text) {
+  text.setContextMenuPolicy(Qt::CustomContextMenu);
+  QObject::connect(&text, &QWidget::customContextMenuRequested, &text,
+                   [&app, &face, &text](const QPoint& at) {
+                     QMenu* menu = text.createStandardContextMenu();
+                     menu->setAttribute(Qt::WA_DeleteOnClose);
+                     const QString word = text.textCursor().selectedText().trimmed();
+                     menu->addSeparator();
+                     QAction* action = menu->addAction(face.caption(label::lookup_title));
+                     action->setEnabled(!word.isEmpty());
+                     QObject::connect(action, &QAction::triggered, &text, [&app, &face, word] {
+                       face.run([&] { frame::lookUp(app.frame, word.toStdString()); });
+                     });
+                     menu->popup(text.mapToGlobal(at));
+                   });
+  auto* key = new QShortcut(QKeySequence("Ctrl+K"), &text, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+  QObject::connect(key, &QShortcut::activated, &text, [&app, &face, &text] {
+    const QString word = text.textCursor().selectedText().trimmed();
+    if (!word.isEmpty()) face.run([&] { frame::lookUp(app.frame, word.toStdString()); });
+  });
+}
 
- private:
-  /// The cursor nearest to a point stands before or behind the picture that lies there.
-  QTextImageFormat pictureAt(const QPoint& point) const {
-    QTextCursor cursor = cursorForPosition(point);
-    for (const int back : {0, 1}) {
-      cursor.setPosition(std::max(0, cursor.position() - back));
-      QTextCursor behind = cursor;
-      behind.movePosition(QTextCursor::NextCharacter);
-      if (behind.charFormat().isImageFormat()) return behind.charFormat().toImageFormat();
-    }
-    return {};
-  }
-
-  QString shown_;
-  QByteArray bytes_;
-};
+}  // namespace
 
 DisplayPanel::DisplayPanel(Application& app, Face& face, browse::frmWoerter& form)
     : app_(app), face_(face), form_(form) {
@@ -88,6 +64,7 @@ DisplayPanel::DisplayPanel(Application& app, Face& face, browse::frmWoerter& for
     if (address.endsWith(qt(form_.display.aggregate.entry.Bild)))
       face_.run([this] { browse::Image1_DblClick(form_); });
   };
+  offerLookUp(app_, face_, *page_);
   views_->addWidget(page_);
   views_->addWidget(buildGrids());
   parts->addWidget(views_);
@@ -123,6 +100,7 @@ QWidget* DisplayPanel::buildGrids() {
   note_ = notes;
   name(*note_, "Text2", face_.caption(label::note));
   note_->setReadOnly(true);
+  offerLookUp(app_, face_, *note_);
   tabs_->addTab(note_, face_.caption(label::note));
   addTab(*tabs_, "MSHFlexGridKategorien", label::properties, &browse::EntryDisplay::properties, nullptr);
   addTab(*tabs_, "MSHFlexGridSachgebiete", label::subjects, &browse::EntryDisplay::subjects, nullptr);

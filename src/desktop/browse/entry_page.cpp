@@ -1,0 +1,60 @@
+#include "desktop/browse/entry_page.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMouseEvent>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "browse/page_html.h"
+#include "desktop/kit/text.h"
+
+namespace desktop {
+
+EntryPage::EntryPage(QWidget* parent) : QTextBrowser(parent) {
+  setOpenLinks(false);
+  setAccessibleName("CurrentEntry.HTM");
+}
+
+void EntryPage::open(const QString& path) {
+  QFile file(path);
+  const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  if (path == shown_ && bytes == bytes_) return;
+  shown_ = path;
+  bytes_ = bytes;
+  document()->setBaseUrl(QUrl::fromLocalFile(path));
+  setHtml(qt(browse::forStrictView(bytes.toStdString())));
+}
+
+void EntryPage::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QTextImageFormat picture = pictureAt(event->pos());
+  if (picture.isValid() && pictureActivated)
+    pictureActivated(picture.name());
+  else
+    QTextBrowser::mouseDoubleClickEvent(event);
+}
+
+QVariant EntryPage::loadResource(int, const QUrl& name) {
+  // Paths of the page are plain, not addresses: one with a blank or "#" has to arrive whole.
+  const QString path =
+      QFileInfo(name.path()).isAbsolute() ? name.path() : name.toString(QUrl::PreferLocalFile);
+  const QFileInfo file(QFileInfo(path).isAbsolute() ? path : QFileInfo(shown_).dir().filePath(path));
+  QFile found(file.filePath());
+  if (!file.isFile() || !found.open(QIODevice::ReadOnly)) return {};
+  return found.readAll();
+}
+
+/// The cursor nearest to a point stands before or behind the picture that lies there.
+QTextImageFormat EntryPage::pictureAt(const QPoint& point) const {
+  QTextCursor cursor = cursorForPosition(point);
+  for (const int back : {0, 1}) {
+    cursor.setPosition(std::max(0, cursor.position() - back));
+    QTextCursor behind = cursor;
+    behind.movePosition(QTextCursor::NextCharacter);
+    if (behind.charFormat().isImageFormat()) return behind.charFormat().toImageFormat();
+  }
+  return {};
+}
+
+}  // namespace desktop
