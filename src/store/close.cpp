@@ -10,6 +10,7 @@
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/files.h"
+#include "store/schema.h"
 
 namespace store {
 namespace {
@@ -38,6 +39,11 @@ void compact(session::Session& s, const std::string& path) {
   const session::Busy busy(s, session::labelText(s, label::compacting_before) + " " + path + " " +
                                   session::labelText(s, label::compacting_after));
   const fs::path file = fs::canonical(s.files.paths.real(path));
+  {
+    // A file of an earlier version gets its indexes now.
+    engine::Database db = s.files.Workspace->OpenDatabase(file.string());
+    IndexSearchedTexts(db);
+  }
   fs::path sibling = file;
   sibling += ".compact";
   deleteDictionaryFile(s, sibling.string());

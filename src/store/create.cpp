@@ -37,6 +37,7 @@ void build(session::Session& s, const std::string& path) {
   CreateTables(db);
   CreateRelations(db);
   WatchOpeningChecks(db);
+  IndexSearchedTexts(db);
   CreateQueries(db);
   removeGroupRights(db);
   stampVersion(db, path);

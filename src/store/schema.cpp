@@ -1,6 +1,7 @@
 #include "store/schema.h"
 
 #include "base/text.h"
+#include "engine/text_index.h"
 
 namespace store {
 namespace {
@@ -117,6 +118,15 @@ void WatchOpeningChecks(engine::Database& db) {
   for (const char* condition : {wrongMainEntries, noSortKey, noSearchText, levelZero})
     entries.watch(condition);
   db.tableDef("Wortbedeutung").watch(noEntry);
+}
+
+void IndexSearchedTexts(engine::Database& db) {
+  const std::pair<const char*, std::vector<std::string>> searched[] = {
+      {"Woerterbuch", {"Begriff", "MetaSuche", "Bemerkung"}},
+      {"Wortbedeutung", {"Wortbedeutung"}},
+      {"WortBedBsp", {"Beispiel", "Beispieluebersetzung"}},
+      {"URL", {"URLName", "URL", "URLNotiz"}}};
+  for (const auto& [table, fields] : searched) engine::indexTexts(db, table, fields);
 }
 
 void SetTableProperties(engine::Database& db) {

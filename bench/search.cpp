@@ -1,0 +1,229 @@
+// Speed of finding a piece of text in the entries of a large dictionary. The yardstick is grep over the same
+// texts, a line an entry, in one plain file. Also what the index of trigrams costs in size and time.
+//
+// usage: bench_search [folder] [entries]   the folder keeps the made files between runs
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <vector>
+
+#include "engine/text_index.h"
+#include "engine/workspace.h"
+#include "plain.h"
+
+namespace bench {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int encrypted = 2;
+
+engine::Workspace workspace() {
+  return engine::Workspace({"", "VocariumUser", "built-in", "", false});
+}
+
+[[noreturn]] void stop(const std::string& what) {
+  std::fprintf(stderr, "bench: %s\n", what.c_str());
+  std::exit(1);
+}
+
+/// Words made of syllables, the same in every run.
+class TextMaker {
+ public:
+  std::string word() {
+    static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
+                                      "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
+                                      "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
+    std::string text;
+    for (std::size_t s = 2 + random_() % 4; s > 0; --s) text += syllables[random_() % std::size(syllables)];
+    return text;
+  }
+  std::size_t number(std::size_t below) { return random_() % below; }
+
+ private:
+  std::mt19937 random_{7};
+};
+
+/// A dictionary without an index, and its search texts and notes as lines.
+void makeFiles(const std::string& dictionary, const std::string& lines, std::size_t count) {
+  if (fs::exists(dictionary) && fs::exists(lines)) return;
+  fs::remove(dictionary);
+  engine::Workspace space = workspace();
+  engine::Database database = space.CreateDatabase(dictionary, ";LANGID=0x0407;CP=1252;COUNTRY=0", encrypted);
+  for (const char* statement :
+       {"CREATE TABLE [Woerterbuch] ([ID_Woerterbuch] COUNTER,[ID_Woerterbuch1] LONG,[Begriff] TEXT(250),"
+        "[SortBegriff] TEXT(250),[MetaSuche] LONGTEXT,[Ebene] SHORT,[Bemerkung] LONGTEXT,[DatabaseName] "
+        "LONGTEXT)",
+        "CREATE INDEX [Begriff] ON [Woerterbuch] ([Begriff])",
+        "CREATE INDEX [SortBegriff] ON [Woerterbuch] ([SortBegriff])",
+        "CREATE UNIQUE INDEX [PrimaryKey] ON [Woerterbuch] ([ID_Woerterbuch]) WITH PRIMARY"})
+    database.Execute(statement);
+  std::ofstream out(lines, std::ios::binary);
+  engine::Recordset entries = database.OpenRecordset("Woerterbuch");
+  TextMaker maker;
+  for (std::size_t n = 0; n < count; ++n) {
+    const std::string word = maker.word() + std::to_string(n);
+    std::string text = "//" + word + "////";
+    for (std::size_t words = 2 + maker.number(5); words > 0; --words) text += maker.word() + " ";
+    std::string note;
+    if (n % 5 == 0) note = "see " + maker.word() + " and " + maker.word();
+    entries.AddNew();
+    entries.set("Begriff", word);
+    entries.set("SortBegriff", word);
+    entries.set("MetaSuche", text);
+    entries.set("Ebene", 1);
+    if (!note.empty()) entries.set("Bemerkung", note);
+    entries.set("DatabaseName", dictionary);
+    entries.Update();
+    out << text << '\t' << note << '\n';
+    if (n % 50000 == 0) space.Idle();
+  }
+  entries.Close();
+  space.Idle();
+}
+
+struct Found {
+  double seconds = 0;
+  std::int64_t rows = 0;
+};
+
+template <class Run>
+Found middle(Run&& run) {
+  std::array<Found, 5> all;
+  std::ranges::generate(all, run);
+  std::ranges::sort(all, {}, &Found::seconds);
+  return all[all.size() / 2];
+}
+
+Found grep(const std::string& lines, const std::string& text) {
+  const std::string command = "grep -c -i -F '" + text + "' " + lines;
+  const double start = now();
+  const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+  long rows = -1;
+  if (!pipe || std::fscanf(pipe.get(), "%ld", &rows) != 1) stop("grep failed");
+  return {now() - start, rows};
+}
+
+/// The search as its window puts it, with headword and number of every hit read.
+Found search(engine::Database& database, const std::string& text) {
+  const double start = now();
+  engine::Recordset rows = database.OpenRecordset(
+      "Select  id_woerterbuch,id_woerterbuch1,begriff,databasename from Woerterbuch where metasuche like "
+      "\"%" +
+          text + "%\" Or bemerkung Like \"%" + text + "%\"",
+      engine::RecordsetKind::snapshot, {}, engine::Interface::second);
+  Found found;
+  std::size_t bytes = 0;
+  for (; !rows.EndOfFile(); rows.MoveNext(), ++found.rows) bytes += rows.value(2).textOrEmpty().size();
+  found.seconds = now() - start;
+  if ((bytes > 0) != (found.rows > 0)) stop("the search gave no headwords");
+  return found;
+}
+
+double goTo(engine::Database& database, const std::string& start) {
+  const double from = now();
+  engine::Recordset rows = database.OpenRecordset(
+      "Select id_woerterbuch,id_woerterbuch1,begriff,databasename from Woerterbuch where begriff like \"" +
+          start + "%\" order by begriff",
+      engine::RecordsetKind::snapshot, {}, engine::Interface::second);
+  for (int row = 0; row < 40 && !rows.EndOfFile(); ++row) rows.MoveNext();
+  return now() - from;
+}
+
+double compact(const std::string& from, const std::string& to) {
+  fs::remove(to);
+  engine::Workspace space = workspace();
+  const double start = now();
+  engine::CompactDatabase(space, from, to, "", encrypted);
+  return now() - start;
+}
+
+double mebibytes(const std::string& path) {
+  return static_cast<double>(fs::file_size(path)) / (1 << 20);
+}
+
+/// Seconds for each of 1000 saves that change the search text, committed one by one.
+double saves(const std::string& from, const std::string& copy) {
+  fs::copy_file(from, copy, fs::copy_options::overwrite_existing);
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(copy);
+  constexpr int count = 1000;
+  const double start = now();
+  for (int n = 1; n <= count; ++n) {
+    engine::Recordset row =
+        database.OpenRecordset("SELECT * FROM Woerterbuch WHERE ID_Woerterbuch = " + std::to_string(n * 7));
+    row.Edit();
+    row.set("MetaSuche", "//saved" + std::to_string(n) + "//");
+    row.Update();
+    row.Close();
+    space.Idle();
+  }
+  return (now() - start) / count;
+}
+
+void declare(const std::string& path) {
+  engine::Workspace space = workspace();
+  engine::Database database = space.OpenDatabase(path);
+  engine::indexTexts(database, "Woerterbuch", {"Begriff", "MetaSuche", "Bemerkung"});
+}
+
+void searches(const std::string& indexed, const std::string& plainFile, const std::string& lines) {
+  engine::Workspace space = workspace(), other = workspace();
+  engine::Database database = space.OpenDatabase(indexed), without = other.OpenDatabase(plainFile);
+  for (const char* text : {"xylophon", "123456", "HANDWERK77", "nachtglashandofen", "nachtglastür",
+                           "stückwerk", "nachtglas", "verste", "ab"}) {
+    const Found theirs = middle([&] { return grep(lines, text); });
+    const Found ours = middle([&] { return search(database, text); });
+    if (ours.rows != theirs.rows) stop("grep and search differ on " + std::string(text));
+    const bool isShort = std::string(text).size() < 3;
+    report("\"" + std::string(text) + "\", " + std::to_string(ours.rows) + " hits", ours.seconds,
+           theirs.seconds, ours.rows < 300 && !isShort ? "0.1" : "");
+  }
+  const Found slow = search(without, "nachtglastür");
+  report("\"nachtglastür\" without the index", slow.seconds,
+         middle([&] { return grep(lines, "nachtglastür"); }).seconds, "");
+  double slowest = 0;
+  for (const char* start : {"n", "na", "nac", "nachtg", "nachtglas"})
+    slowest = std::max(slowest, goTo(database, start));
+  report("go-to, the slowest of five keystrokes", slowest * 1000, "ms", "16 ms");
+}
+
+void costs(const std::string& folder, const std::string& made, const std::string& plainFile,
+           const std::string& indexed) {
+  const double first = compact(made, plainFile);
+  declare(made);
+  const double building = compact(made, indexed);
+  report("compaction, the index made, against none", building, first, "");
+  const std::string changed = folder + "/changed.cvb", again = folder + "/again.cvb";
+  report("a save of one entry, against no index", saves(indexed, changed), saves(plainFile, changed + "0"),
+         "");
+  saves(indexed, changed);
+  report("compaction after 1000 saves, the index taken over, against none", compact(changed, again), first,
+         "");
+  report("size without the index", mebibytes(plainFile), "MiB", "");
+  report("size with it", mebibytes(indexed), "MiB", "");
+}
+
+}  // namespace
+}  // namespace bench
+
+int main(int argc, char** argv) {
+  const std::string folder = argc > 1 ? argv[1] : "/tmp/vocarium-bench";
+  const std::size_t count = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1000000;
+  std::filesystem::create_directories(folder);
+  const std::string made = folder + "/search" + std::to_string(count) + ".cvb",
+                    lines = folder + "/search.txt", plainFile = folder + "/search-plain.cvb",
+                    indexed = folder + "/search-indexed.cvb";
+  bench::makeFiles(made, lines, count);
+  std::printf("| finding a text in %zu entries | ours | yardstick | ratio | aim |\n|---|---|---|---|---|\n",
+              count);
+  bench::costs(folder, made, plainFile, indexed);
+  bench::searches(indexed, plainFile, lines);
+}
