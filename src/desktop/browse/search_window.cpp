@@ -85,6 +85,7 @@ QWidget* hierarchyBox(Dialog& dialog, Form& form, const char* mainName, const ch
   };
   add(mainName, label::main_entry, form.hierarchy.main);
   add(subName, label::sub_entries, form.hierarchy.subEntries);
+  dialog.face.onDraw([box, &form] { box->setVisible(form.hierarchy.main.visible); });
   return box;
 }
 
