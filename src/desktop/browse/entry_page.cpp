@@ -15,6 +15,11 @@ namespace desktop {
 EntryPage::EntryPage(QWidget* parent) : QTextBrowser(parent) {
   setOpenLinks(false);
   setAccessibleName("CurrentEntry.HTM");
+  // The page and the author's style sheet are made for light paper, in a dark palette too.
+  QPalette paper = palette();
+  paper.setColor(QPalette::Base, Qt::white);
+  paper.setColor(QPalette::Text, Qt::black);
+  setPalette(paper);
 }
 
 void EntryPage::open(const QString& path) {
