@@ -202,7 +202,13 @@ TEST(Environment, FileTypesAreEditedAddedAndRemovedAndSavedAtOnce) {
   const int before = std::stoi(value(user, "select count(*) from Umgebung"));
   user.in("frmEnvironment", [&](QWidget& window) {
     EXPECT_FALSE(User::find<QPushButton>(window, "Save").isEnabled());
-    User::cell(window, "DBGrid1", before, 0, ".xyz");
+    user.click(window, "AddRow");
+    auto& grid = User::find<QTableView>(window, "DBGrid1");
+    const auto typing = [&grid] { return grid.viewport()->findChildren<QLineEdit*>().last(); };
+    QTest::keyClicks(typing(), ".xyz");
+    QTest::keyClick(typing(), Qt::Key_Tab);
+    EXPECT_EQ(grid.currentIndex(), grid.model()->index(before, 1));  // goes on beside it
+    QTest::keyClick(typing(), Qt::Key_Escape);
     user.answer("");  // a type without application
     user.click(window, "Save");
     EXPECT_TRUE(window.isVisible());

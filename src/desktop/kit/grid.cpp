@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 #include "desktop/kit/text.h"
 
@@ -18,18 +19,17 @@ class Grid::Model : public QAbstractTableModel {
     endResetModel();
   }
   void setRows(Rows rows) {
-    beginResetModel();
-    rows_ = std::move(rows);
-    cell_ = {};
-    count_ = static_cast<int>(rows_.size());
-    endResetModel();
+    const int count = static_cast<int>(rows.size());
+    change(count, [&] {
+      rows_ = std::move(rows);
+      cell_ = {};
+    });
   }
   void setSource(int count, std::function<std::string(std::int64_t, int)> cell) {
-    beginResetModel();
-    rows_.clear();
-    count_ = count;
-    cell_ = std::move(cell);
-    endResetModel();
+    change(count, [&] {
+      rows_.clear();
+      cell_ = std::move(cell);
+    });
   }
   bool shows(const Rows& rows) const { return !cell_ && rows == rows_; }
 
@@ -61,6 +61,20 @@ class Grid::Model : public QAbstractTableModel {
   }
 
  private:
+  /// Other rows, with those that go or come at the end: what is marked or scrolled to stays in place, and Tab
+  /// leads from an edited cell to the next.
+  template <class Assign>
+  void change(int count, const Assign& assign) {
+    const int before = count_;
+    if (count > before) beginInsertRows({}, before, count - 1);
+    if (count < before) beginRemoveRows({}, count, before - 1);
+    assign();
+    count_ = count;
+    if (count > before) endInsertRows();
+    if (count < before) endRemoveRows();
+    if (const int kept = std::min(count, before); kept > 0 && !heads_.isEmpty())
+      dataChanged(index(0, 0), index(kept - 1, columnCount() - 1));
+  }
   bool mayEdit(const QModelIndex& index) const {
     // The view asks while it paints, where nothing may throw.
     try {
