@@ -63,6 +63,8 @@ std::string condition(const Bound& bound);
 Bound compare(const Level& level, const Bound& left, const std::string& op, const Bound& right);
 /// `nullIsFalse`: see Binder.
 Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse);
+/// Makes the text of a condition ask for its candidates first.
+void narrow(Bound& bound, Candidates candidates);
 Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr);
 /// The expression with the collation that its texts compare by; as it is when it can be no text.
 std::string collated(const Level& level, const Bound& bound);

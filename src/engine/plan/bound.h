@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -26,6 +27,15 @@ struct Equality {
   int leftColumn = -1, rightColumn = -1;  ///< positions in their tables
 };
 
+/// Rows of one base table instance that an index offers for a condition: the condition is false for all
+/// others, and still has to be put to these.
+struct Candidates {
+  int key = -1;  ///< the instance
+  std::string rowid;
+  std::vector<std::string> selects;  ///< of row numbers, for SQLite
+  std::string condition;
+};
+
 /// A bound expression.
 struct Bound {
   std::string text;                ///< for SQLite; may stand beside any operator as it is
@@ -37,10 +47,11 @@ struct Bound {
   bool direct = false;             ///< the text names a column, so it is Null where its row is missing
   bool affinity = false;           ///< SQLite converts what it is compared with to the column's type
   bool aggregate = false;
-  int parameter = -1;            ///< a bare parameter, by its position
-  int key = -1;                  ///< a column of the base table instance of this number ...
-  int position = -1;             ///< ... and its position there
-  std::optional<Equality> link;  ///< an equality of two such columns
+  int parameter = -1;                            ///< a bare parameter, by its position
+  int key = -1;                                  ///< a column of the base table instance of this number ...
+  int position = -1;                             ///< ... and its position there
+  std::optional<Equality> link;                  ///< an equality of two such columns
+  std::shared_ptr<const Candidates> candidates;  ///< of a condition whose text asks for them
   Refs refs;
 };
 

@@ -129,18 +129,12 @@ bool leadsIndex(const schema::Table& table, int column) {
                      [&](const schema::Index& index) { return table.find(index.columns.front()) == column; });
 }
 
-/// The rows whose texts may match, where an index of the column's trigrams lists them. It can not tell a
-/// Null, so this serves only where Null is false.
-std::string amongCandidates(const Binder& binder, const Bound& column, const text::LikePattern& pattern) {
-  const auto found = binder.tables.find(column.key);
-  // The name of an instance inside a nested select can not be said out here.
-  if (found == binder.tables.end() || column.refs != Refs{column.key}) return {};
-  const Key& key = found->second;
-  if (pattern.bounds() && leadsIndex(*key.table, column.position)) return {};
+/// A select of the rows whose texts may match, where an index of the column's trigrams lists them; else
+/// empty. It can not tell a Null, so this serves only where Null is false.
+std::string mayMatch(const Key& key, int column, const text::LikePattern& pattern) {
+  if (pattern.bounds() && leadsIndex(*key.table, column)) return {};
   const auto grams = pattern.grams();
-  if (grams.empty()) return {};
-  const std::string rows = key.file->rowsWithGrams(*key.table, column.position, grams);
-  return rows.empty() ? rows : key.rowid + " IN (" + rows + ") AND ";
+  return grams.empty() ? std::string() : key.file->rowsWithGrams(*key.table, column, grams);
 }
 
 }  // namespace
@@ -165,12 +159,26 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool n
                      (isDate(pattern) ? asText(pattern) : value(pattern)) + ", " + literal(Value(collation)) +
                      ")";
   if (expr.negated) return truth("(NOT " + text + ")", operand, pattern);
-  if (isText(operand) && operand.key >= 0 && pattern.constant && pattern.constant->isText()) {
-    const text::LikePattern like(pattern.constant->text(), second ? 2 : 1, text::collator(collation));
-    const std::string candidates = nullIsFalse ? amongCandidates(binder, operand, like) : std::string();
-    text = "(" + candidates + withinBounds(operand, like, collation) + text + ")";
-  }
-  return truth(text, operand, pattern);
+  if (!isText(operand) || operand.key < 0 || !pattern.constant || !pattern.constant->isText())
+    return truth(text, operand, pattern);
+  const text::LikePattern like(pattern.constant->text(), second ? 2 : 1, text::collator(collation));
+  text = "(" + withinBounds(operand, like, collation) + text + ")";
+  Bound bound = truth(text, operand, pattern);
+  // Not for a column that a nested select hands out: the instance has no name out here.
+  const auto table = binder.tables.find(operand.key);
+  if (!nullIsFalse || table == binder.tables.end() || operand.refs != Refs{operand.key}) return bound;
+  const Key& key = table->second;
+  const std::string rows = mayMatch(key, operand.position, like);
+  if (!rows.empty()) narrow(bound, {key.id, key.rowid, {rows}, text});
+  return bound;
+}
+
+void narrow(Bound& bound, Candidates candidates) {
+  bound.text = "(" + candidates.rowid + " IN (";
+  for (std::size_t i = 0; i < candidates.selects.size(); ++i)
+    bound.text += (i > 0 ? " UNION ALL " : "") + candidates.selects[i];
+  bound.text += ") AND " + candidates.condition + ")";
+  bound.candidates = std::make_shared<const Candidates>(std::move(candidates));
 }
 
 Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {

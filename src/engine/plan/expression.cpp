@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "engine/plan/binder.h"
@@ -118,7 +119,19 @@ Bound logical(const std::string& op, const Bound& a, const Bound& b) {
   if (op == "XOR") return truth("(" + left + " <> " + right + ")", {&a, &b});
   if (op == "EQV") return truth("(" + left + " = " + right + ")", {&a, &b});
   if (op == "IMP") return truth("((NOT " + left + ") OR " + right + ")", {&a, &b});
-  return truth("(" + left + " " + op + " " + right + ")", {&a, &b});
+  Bound bound = truth("(" + left + " " + op + " " + right + ")", {&a, &b});
+  constexpr std::size_t mostTogether = 50;  // SQLite unites 500 selects, of which each of these has a few
+  if (op == "OR" && a.candidates && b.candidates && a.candidates->key == b.candidates->key &&
+      a.candidates->selects.size() + b.candidates->selects.size() <= mostTogether) {
+    // Together, or SQLite would gather the rows of each side twice.
+    Candidates either = *a.candidates;
+    for (const std::string& select : b.candidates->selects)
+      if (std::find(either.selects.begin(), either.selects.end(), select) == either.selects.end())
+        either.selects.push_back(select);
+    either.condition = "(" + either.condition + " OR " + b.candidates->condition + ")";
+    narrow(bound, std::move(either));
+  }
+  return bound;
 }
 
 bool isLogical(const std::string& op) {
