@@ -70,7 +70,8 @@ void forgetHit(frmSearch& form) {
 void narrow(frmSearch& form) {
   forgetHit(form);
   bindGrid(form.session, form.hits,
-           searchStatement(SearchScope::term, Match::begins, form.searchText) + " order by begriff", view);
+           searchStatement(SearchScope::term, Match::begins, textMark) + " order by begriff", view,
+           form.searchText);
   DataGrid1Design(form);
   form.hits.visible = true;
   form.statusLabel = std::to_string(gridRows(form.hits));
@@ -96,12 +97,12 @@ void takeEntry(frmSearch& form, const std::string& headword, const std::string& 
   form.jumpEnabled = form.target.ID_Woerterbuch != 0;
   HierarchischeObjekteAnzeigen(form.session, form.hierarchy, form.target.ID_Woerterbuch,
                                form.target.ID_Woerterbuch1, view);
-  form.hierarchy.main.visible = form.hierarchy.subEntries.visible = true;
 }
 
 void showOwners(frmSearch& form, std::int64_t row) {
   forgetHit(form);
-  bindGrid(form.session, form.owners, ownerStatement(scopeOf(form), gridCell(form.hits, row, 0)), view);
+  bindGrid(form.session, form.owners, ownerStatement(scopeOf(form)), view,
+           base::replaceAll(gridCell(form.hits, row, 0), "\"", "\"\""));
   DataGrid2Design(form);
   form.owners.visible = true;
   form.owners.label =
@@ -187,7 +188,7 @@ bool runSearch(frmSearch& form) {
     useChosenDictionary(s);
     {
       const session::Busy busy(s, session::labelText(s, label::searching));
-      bindGrid(s, form.hits, searchStatement(scopeOf(form), form.match, form.searchText), view);
+      bindGrid(s, form.hits, searchStatement(scopeOf(form), form.match, textMark), view, form.searchText);
     }
     DataGrid1Design(form);
     form.hits.visible = gridRows(form.hits) > 0;

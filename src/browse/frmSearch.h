@@ -90,8 +90,8 @@ void closeSearch(frmSearch& form);
 // The statements, and the columns of the grids.
 /// The statement of a search; the text stands in it as it is.
 std::string searchStatement(SearchScope scope, Match match, const std::string& text);
-/// The entries that own a hit with this text.
-std::string ownerStatement(SearchScope scope, const std::string& text);
+/// The entries that own a hit whose text, with its quotes doubled, is put in place of the mark.
+std::string ownerStatement(SearchScope scope);
 void DataGrid1Design(frmSearch& form);
 void DataGrid2Design(frmSearch& form);
 

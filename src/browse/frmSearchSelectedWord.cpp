@@ -7,7 +7,6 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
-#include "store/rewriter.h"
 
 namespace browse {
 
@@ -28,10 +27,12 @@ constexpr std::array<LookupStatement, 3> statements{
      {"Select * from Woerterbuch where begriff like '*", "*' or bemerkung like '*", "*' order by begriff",
       label::lookup_contains}}};
 
-void fill(session::Session& s, WordList& list, const std::string& sql) {
+void fill(session::Session& s, WordList& list, const LookupStatement& statement, const std::string& word) {
   list.clear();
   auto scratch = s.files.CurrentDB.queryDef("SQLTemp");
-  scratch.setSQL(store::BuildMultiSQL(s, std::string(sql), view));
+  const std::string sql =
+      std::string(statement.head) + textMark + statement.middle + textMark + statement.tail;
+  scratch.setSQL(rewritten(s, sql, view, word));
   auto rows = scratch.OpenRecordset(engine::RecordsetKind::snapshot);
   for (; !rows.EndOfFile(); rows.MoveNext())
     list.insert(list.size(), rows["begriff"].textOrEmpty(), numberOf(rows["id_woerterbuch"]),
@@ -54,9 +55,7 @@ bool Form_Load(frmSearchSelectedWord& form) {
     HierarchischeObjekteAnzeigen(s, form.hierarchy, 0, 0, view);
     if (form.word.empty()) return;
     const session::Busy busy(s, session::labelText(s, label::searching));
-    for (std::size_t n = 0; n < statements.size(); ++n)
-      fill(s, form.lists[n],
-           statements[n].head + form.word + statements[n].middle + form.word + statements[n].tail);
+    for (std::size_t n = 0; n < statements.size(); ++n) fill(s, form.lists[n], statements[n], form.word);
   });
 }
 

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
+#include "browse/result_grid.h"
 #include "browse/values.h"
 #include "catalogue/keys.h"
 #include "shell/session/errors.h"
@@ -145,7 +146,7 @@ void SelectEntry(frmWoerter& form) {
 }
 
 bool CheckIfEntryExists(frmWoerter& form) {
-  form.rsWoerter.FindFirst("begriff = \"" + form.Text3 + "\"");
+  form.rsWoerter.FindFirst("begriff = " + quotedText(form.Text3));
   if (form.rsWoerter.NoMatch()) return false;
   setTarget(form);
   return true;

@@ -39,12 +39,18 @@ std::string inCurrentFile(const session::Session& s) {
 
 }  // namespace
 
-void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, session::View view) {
+std::string rewritten(session::Session& s, const std::string& sql, session::View view,
+                      const std::string& text) {
+  return base::replaceAll(store::BuildMultiSQL(s, std::string(sql), view), textMark, base::upper(text));
+}
+
+void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, session::View view,
+              const std::string& text) {
   auto& database = s.files.CurrentDB;
   grid.selected = -1;
   grid.rows = {};
   auto scratch = database.queryDef("SQLTemp");
-  scratch.setSQL(store::BuildMultiSQL(s, std::string(sql), view));
+  scratch.setSQL(rewritten(s, sql, view, text));
   grid.rows =
       database.OpenRecordset(scratch.SQL(), engine::RecordsetKind::dynaset, {}, engine::Interface::second);
 }
@@ -86,6 +92,7 @@ void HierarchischeObjekteAnzeigen(session::Session& s, Hierarchy& grids, std::in
            view);
   grids.main.columns = {{"begriff", session::labelText(s, label::main_entry)}};
   grids.subEntries.columns = {{"begriff", session::labelText(s, label::sub_entries)}};
+  grids.main.visible = grids.subEntries.visible = true;
 }
 
 void setJump(session::Session& s, const JumpTarget& target) {

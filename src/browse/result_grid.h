@@ -23,9 +23,18 @@ struct ResultGrid {
   std::int64_t selected = -1;  ///< row from 0, -1 for none
 };
 
-/// Runs a statement over all files of the session, for the view given, and binds the result: the statement
-/// passes the rewriter and stands in the scratch query SQLTemp before it runs with the wildcards % and _.
-void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, session::View view);
+/// Stands for a text of the user's in a statement that is still to be rewritten: the rewriter cuts statements
+/// at ";" and "ORDER BY", which a text may well hold.
+inline constexpr const char* textMark = "\x1A";
+/// A statement spanned over all files of the session, with `text` put in place of each mark as it is, in
+/// upper case like the rest.
+std::string rewritten(session::Session& s, const std::string& sql, session::View view,
+                      const std::string& text);
+
+/// Runs a statement over all files of the session, for the view given, and binds the result: the rewritten
+/// statement stands in the scratch query SQLTemp before it runs with the wildcards % and _.
+void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, session::View view,
+              const std::string& text = {});
 
 std::int64_t gridRows(const ResultGrid& grid);
 /// The text of a cell; rows and columns count from 0. Moves the grid's cursor to the row.

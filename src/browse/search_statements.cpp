@@ -92,13 +92,13 @@ std::string searchStatement(SearchScope scope, Match match, const std::string& t
   return sql;
 }
 
-std::string ownerStatement(SearchScope scope, const std::string& text) {
+std::string ownerStatement(SearchScope scope) {
   const ScopeText& searched = textOf(scope);
-  if (searched.owners == nullptr)
-    return std::string("Select ") + entryColumns + " where begriff = " + quotedText(text);
+  const std::string text = quotedText(textMark);
+  if (searched.owners == nullptr) return std::string("Select ") + entryColumns + " where begriff = " + text;
   return std::string(
              "Select woerterbuch.id_woerterbuch,id_woerterbuch1,begriff,woerterbuch.databasename from ") +
-         searched.owners + " and " + searched.column + " = " + quotedText(text);
+         searched.owners + " and " + searched.column + " = " + text;
 }
 
 void DataGrid1Design(frmSearch& form) {

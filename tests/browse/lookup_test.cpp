@@ -51,6 +51,8 @@ TEST_F(Lookup, ListsMatchesInThreeWays) {
   for (const auto& caption : dialog.listCaptions) EXPECT_TRUE(caption.ends_with(":"));
   look("h*f");
   EXPECT_EQ(joined(dialog.lists[1].List2), "Hof|") << "wildcards work";
+  look("haus; hof");
+  EXPECT_EQ(dialog.lists[0].size(), 0U);
   look("gibtesnicht");
   EXPECT_EQ(dialog.lists[0].size() + dialog.lists[1].size() + dialog.lists[2].size(), 0U);
 }

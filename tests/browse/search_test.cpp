@@ -241,6 +241,13 @@ TEST_F(Search, AwkwardTextsEndInOneClearReport) {
     EXPECT_TRUE(browse::runSearch(dialog)) << text.substr(0, 20);
     EXPECT_EQ(browse::gridRows(dialog.hits), 0);
   }
+  search(2, Match::contains, "a; b order by");
+  EXPECT_EQ(browse::gridRows(dialog.hits), 0);
+  addRow("Wortbedeutung", {{"ID_Woerterbuch", made[3].id}, {"Wortbedeutung", "oil; \"crude\" where"}});
+  search(2, Match::contains, "oil;");
+  ASSERT_EQ(browse::gridRows(dialog.hits), 1);
+  ASSERT_TRUE(browse::selectHit(dialog, 0)) << t.log();
+  EXPECT_EQ(found(dialog.owners), "Öl|");
   addEntry("He said \"no\"");
   search(1, Match::begins, "he said");
   ASSERT_EQ(browse::gridRows(dialog.hits), 1);
@@ -323,6 +330,7 @@ TEST_F(SearchInTwoFiles, LeadsToTheFileOfTheHit) {
     EXPECT_EQ(base::upper(s.files.CurrentDB.Name()), path);
     EXPECT_EQ(found(dialog.hierarchy.subEntries), path == firstPath ? "Haustür|" : "");
     ASSERT_TRUE(browse::jump(dialog));
+    ASSERT_EQ(t.log(), "");
     const auto at = static_cast<std::size_t>(form.list.selected);
     EXPECT_EQ(form.list.List4[at], path);
     EXPECT_EQ(form.list.List1[at], path == firstPath ? 1 : 2);

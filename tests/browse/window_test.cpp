@@ -99,6 +99,14 @@ TEST_F(Window, RelinkingShowsTheEntryInItsNewPlace) {
   expectAligned();
 }
 
+TEST_F(Window, FindsAHeadwordWithQuotes) {
+  const auto quoted = addEntry("der \"Hof\"");
+  show();
+  for (const char* typed : {"der \"", "der \"Hof\""})
+    ASSERT_TRUE(browse::Text3_Change(form, typed)) << t.log();
+  EXPECT_EQ(s.entry.SelectedEntryId, quoted);
+}
+
 TEST_F(Window, PagesThroughTheList) {
   for (int n = 0; n < 5; ++n) addEntry("x" + std::to_string(n));
   show("4");

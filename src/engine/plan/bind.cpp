@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "engine/plan/binder.h"
 #include "engine/plan/names.h"
 #include "engine/plan/result.h"
@@ -37,12 +35,6 @@ std::string criterion(std::vector<Column> columns, const Plan& plan, const sql::
   return condition(bound);
 }
 
-bool sameAncestors(const Column& a, const Column& b) {
-  return std::ranges::equal(a.ancestors, b.ancestors, [](const Ancestor& left, const Ancestor& right) {
-    return left.depth == right.depth && sameName(left.range, right.range) && sameName(left.name, right.name);
-  });
-}
-
 }  // namespace
 
 std::string bindCriterion(const Plan& plan, const sql::Expr& expr, const Context& context) {
@@ -59,11 +51,6 @@ std::string bindCriterionOnCopy(const Plan& plan, const sql::Expr& expr, const C
     copied.direct = true;
     columns[i].value = std::move(copied);
   }
-  // A base column that the result lists twice is one column, and a name for it is in no doubt.
-  for (std::size_t i = 1; i < columns.size(); ++i)
-    for (std::size_t j = 0; j < i; ++j)
-      if (!columns[i].ancestors.empty() && sameAncestors(columns[i], columns[j]))
-        columns[i].value = columns[j].value;
   return criterion(std::move(columns), plan, expr, context);
 }
 

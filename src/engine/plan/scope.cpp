@@ -38,9 +38,16 @@ int longestDescent(const Column& column) {
   return depth;
 }
 
+bool sameAncestors(const Column& a, const Column& b) {
+  return std::ranges::equal(a.ancestors, b.ancestors, [](const Ancestor& left, const Ancestor& right) {
+    return left.depth == right.depth && sameName(left.range, right.range) && sameName(left.name, right.name);
+  });
+}
+
+/// A base column that a result lists twice is one column, though it stands in two of the result's.
 bool sameColumn(const Column& a, const Column& b) {
   if (a.value.key >= 0) return a.value.key == b.value.key && a.value.position == b.value.position;
-  return a.value.text == b.value.text;
+  return a.value.text == b.value.text || (!a.ancestors.empty() && sameAncestors(a, b));
 }
 
 struct Rank {
