@@ -93,11 +93,15 @@ bool saveEnvironment(frmEnvironment& form) {
   return session::guard(s, form.formName, [&] {
     if (tellRefused(form)) return false;
     writeRows(form);
-    form.changed = false;
-    form.visible = false;
-    session::ShowStatus(s, "", false);
+    cancelEnvironment(form);
     return true;
   });
+}
+
+void cancelEnvironment(frmEnvironment& form) {
+  form.changed = false;
+  form.visible = false;
+  session::ShowStatus(form.session, "", false);
 }
 
 }  // namespace entry

@@ -34,5 +34,7 @@ void deleteFileType(frmEnvironment& form, std::size_t row);
 /// Writes the table anew from the grid and closes; rows that are empty are left out. A row that the table
 /// would refuse is told before anything is written, and the dialog stays.
 bool saveEnvironment(frmEnvironment& form);
+/// Closes without writing.
+void cancelEnvironment(frmEnvironment& form);
 
 }  // namespace entry
