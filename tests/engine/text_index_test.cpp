@@ -235,6 +235,10 @@ TEST(TextIndex, KeepsNullAndNotApartAndServesJoinsAndTheSecondInterface) {
     EXPECT_EQ(
         texts.found("bemerkung" + like, "haupt LEFT JOIN woerterbuch ON haupt.id = woerterbuch.id_haupt"),
         texts.expected(one, note));
+    const std::string other = texts.pattern();
+    Ids both = texts.expected(one, note);
+    both.merge(texts.expected(other, [](bool search, auto) { return search; }));
+    EXPECT_EQ(texts.found("bemerkung" + like + " OR metasuche LIKE \"" + other + "\""), both) << other;
     std::string second = one;
     for (char& c : second) c = c == '*' ? '%' : c == '?' ? '_' : c;
     EXPECT_EQ(texts.found("bemerkung LIKE \"" + second + "\"", "woerterbuch", engine::Interface::second),
