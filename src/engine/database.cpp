@@ -53,6 +53,9 @@ Recordset Database::OpenRecordset(const std::string& source, RecordsetKind kind,
   what.keepAlive = impl_;
   what.file = database.file;
   what.openFile = [core = database.core](const std::string& path) { return core->borrow(path); };
+  what.apart = [core = database.core](const auto& columns, const std::string& collation) {
+    return core->constantColumns().differ(columns, collation);
+  };
   what.text = source;
   what.kind = kind;
   what.parameters = parameters;

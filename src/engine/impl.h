@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "base/paths.h"
+#include "engine/constant_columns.h"
 #include "engine/database.h"
 #include "engine/plan/plan.h"
 #include "engine/sql/ast.h"
@@ -26,6 +27,7 @@ class WorkspaceCore {
   WorkspaceCore& operator=(const WorkspaceCore&) = delete;
 
   storage::Connection& connection() { return connection_; }
+  ConstantColumns& constantColumns() { return constantColumns_; }
   /// Opens the file of a path in any case, or shares it when it is open.
   std::shared_ptr<storage::AttachedFile> attach(const std::string& path, bool exclusive, bool readOnly);
   /// The file that IN names: as it is open, for reading alone too.
@@ -40,6 +42,7 @@ class WorkspaceCore {
  private:
   base::Paths paths_;
   storage::Connection connection_;
+  ConstantColumns constantColumns_{connection_};
   std::map<std::string, std::string, std::less<>> resolved_;  // paths as given, of files opened so far
   std::map<std::string, std::shared_ptr<const sql::Statement>, std::less<>> statements_;
 };

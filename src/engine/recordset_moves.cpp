@@ -44,6 +44,7 @@ void Recordset::Impl::requery() {
   stream_.ticket.reset();
   hits_ = {};
   entries_.reset();
+  query_->renew();
   open();
 }
 
@@ -177,9 +178,10 @@ void Recordset::Impl::moveLast() {
   cancelUpdate();
   entries_->complete();
   counted_ = true;
-  // Whoever counts a large set asks for positions next; beside the counting this costs nothing to speak of.
+  // Whoever counts a large set asks for positions next; beside the counting this costs nothing to speak of
+  // where one rowid tells a row.
   constexpr std::int64_t large = 10'000;
-  if (entries_->keyed() && entries_->known() > large) {
+  if (entries_->keyed() && entries_->known() > large && entries_->keys().sources() == 1) {
     entries_->keys().prepareFind();
   }
   if (!backwardFrom(entries_->known() - 1)) {

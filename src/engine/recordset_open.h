@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "engine/plan/plan.h"
 #include "engine/recordset.h"
 #include "engine/storage/attached_file.h"
 
@@ -15,6 +16,8 @@ struct RecordsetSource {
   std::shared_ptr<storage::AttachedFile> file;
   /// Attaches the file that an IN "file" names (a path as it stands in the statement); the set holds it.
   std::function<std::shared_ptr<storage::AttachedFile>(const std::string& path)> openFile;
+  /// See plan::Context::apart.
+  std::function<bool(const std::vector<plan::TableColumn>&, const std::string& collation)> apart;
   std::string text;  ///< a table, a stored query, or a statement of the dialect
   RecordsetKind kind = RecordsetKind::dynaset;
   Parameters parameters;

@@ -32,6 +32,7 @@ RecordsetQuery::RecordsetQuery(RecordsetSource source, std::vector<std::string> 
   source_.file->refresh();
   context_.file = source_.file.get();
   context_.way = source_.way;
+  context_.apart = source_.apart;
   context_.open = [this](const std::string& path) -> const schema::Catalog& {
     std::shared_ptr<storage::AttachedFile> file = source_.openFile(path);
     if (file != source_.file && std::ranges::find(others_, file) == others_.end()) {
@@ -64,14 +65,21 @@ std::int64_t RecordsetQuery::definitions() const {
 const plan::Plan& RecordsetQuery::plan() {
   if (definitions() != boundAt_) {
     const std::vector<plan::Output> before = std::move(plan_.columns);
+    const std::size_t arms = plan_.arms.size();
     bindPlan();
     const auto sameName = [](const plan::Output& a, const plan::Output& b) { return a.name == b.name; };
-    if (!std::ranges::equal(before, plan_.columns, sameName)) {
+    if (arms != plan_.arms.size() || !std::ranges::equal(before, plan_.columns, sameName)) {
       boundAt_ = -1;
       throw Error(tableChanged, "A table was changed while a recordset on it was open. Open it again.");
     }
   }
   return plan_;
+}
+
+void RecordsetQuery::renew() {
+  if (!plan().arms.empty()) {
+    bindPlan();
+  }
 }
 
 std::string RecordsetQuery::bind(const std::string& criterion) {

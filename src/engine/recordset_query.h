@@ -24,6 +24,8 @@ class RecordsetQuery {
   const std::vector<std::string>& filters() const { return filters_; }
   storage::Connection& connection() const { return source_.file->connection(); }
   const plan::Plan& plan();
+  /// To be called before the rows are read anew: what the plan knows of them may have changed.
+  void renew();
   /// The filters and `criterion` (both may be missing) as SQLite text over the plan's rows.
   std::string where(const std::string& criterion = {});
   /// A condition of the dialect as SQLite text, for the plan's statements or for a spool of its rows.

@@ -114,6 +114,8 @@ std::string rowidText(const schema::Table& table, const std::string& alias);
 /// column. The columns of a union's first arm carry their collations: SQLite takes from them which rows
 /// are equal.
 std::string bodyText(const Body& body, bool firstArm = false, const std::string& further = {});
+/// What stands behind the columns of bodyText.
+std::string bodyTail(const Body& body);
 Plan finish(Binder& binder, Body body);
 
 }  // namespace engine::plan

@@ -127,6 +127,12 @@ struct OrderTerm {
   bool descending = false;
 };
 
+/// One arm of a union whose rows are told by those of one table each.
+struct Arm {
+  Key key;
+  UnionArm texts;
+};
+
 /// A bound select or union.
 struct Body {
   const schema::Catalog* file = nullptr;
@@ -140,6 +146,7 @@ struct Body {
   bool valuesAsked = false;          ///< DISTINCT was written: the rows can not be told apart any more
   std::vector<std::string> repeats;  ///< row identities to group by where DISTINCTROW drops repeats
   std::optional<std::int64_t> top;
+  std::vector<Arm> arms;  ///< of a union whose arms can not give equal rows; empty for all else
   Refs escaped;  ///< instances of the selects around it that it reads
 
   /// It is nothing but a join and a condition, so that it may become part of the FROM clause around it.

@@ -163,12 +163,84 @@ std::string bodyText(const Body& body, bool firstArm, const std::string& further
       text += " COLLATE " + schema::quoteName(output.collation);
     text += " AS c" + std::to_string(i);
   }
-  text += further;
+  return text + further + bodyTail(body);
+}
+
+std::string bodyTail(const Body& body) {
   std::vector<std::string> groups = body.repeats;
   for (const Bound& group : body.groupBy) groups.push_back(group.text);
-  return text + clause(" FROM ", fromText(body.chain)) + clause(" WHERE ", conjunction(body.chain.where)) +
+  return clause(" FROM ", fromText(body.chain)) + clause(" WHERE ", conjunction(body.chain.where)) +
          clause(" GROUP BY ", joined(groups, ", ")) + clause(" HAVING ", body.having);
 }
+
+namespace {
+
+/// The order of a union as one compound, where each of its terms is a column; false when one is not.
+bool orderArms(Plan& plan, const Body& body) {
+  const std::string alias = "q" + std::to_string(body.chain.members.front().id) + ".c";
+  const auto number = [](std::size_t n) { return std::to_string(n + 1); };
+  const bool descending = !body.order.empty() && body.order.front().descending;
+  std::string ties, tiesBackwards;
+  // The last arm's rowid first: Null comes before all else, so that rows that tie come arm by arm.
+  for (std::size_t n = plan.arms.size(); n-- > 0;) {
+    const std::string before = ties.empty() && body.order.empty() ? "" : ", ";
+    ties += before + plan.sources[n].rowid + (descending ? " DESC" : "");
+    tiesBackwards += before + plan.sources[n].rowid + (descending ? "" : " DESC");
+  }
+  for (const OrderTerm& term : body.order) {
+    if (!term.value.text.starts_with(alias)) return false;
+    const std::string digits = term.value.text.substr(alias.size());
+    if (digits.empty() || digits.find_first_not_of("0123456789") != std::string::npos) return false;
+    const std::size_t column = std::stoul(digits);
+    plan.armsOrderColumns.push_back(column);
+    plan.armsOrder += (plan.armsOrder.empty() ? "" : ", ") + number(plan.arms.size() + column);
+    if (!term.value.collation.empty())
+      plan.armsOrder += " COLLATE " + schema::quoteName(term.value.collation);
+    if (term.descending) plan.armsOrder += " DESC";
+  }
+  for (std::size_t n = plan.arms.size(); n-- > 0;)
+    plan.armsOrder += (plan.armsOrder.empty() ? "" : ", ") + number(n) + (descending ? " DESC" : "");
+  plan.orderBy += ties;
+  plan.orderByBackwards += tiesBackwards;
+  return true;
+}
+
+/// Makes the plan of a union of telling arms a keyed one.
+void tellArms(Plan& plan, const Body& body) {
+  const std::string alias = "q" + std::to_string(body.chain.members.front().id) + ".k";
+  for (const Arm& arm : body.arms) {
+    plan.sources.push_back({arm.key.file, arm.key.table, alias + std::to_string(plan.arms.size()), true});
+    plan.arms.push_back(arm.texts);
+  }
+  plan.keyed = orderArms(plan, body);
+  if (plan.keyed) {
+    plan.rowByKey = filterByKey(plan);
+    return;
+  }
+  plan.sources.clear();
+  plan.arms.clear();
+}
+
+/// All keys and the wanted columns of the arms, merged in their order: SQLite walks each arm's own index.
+std::string armsTogether(const Plan& plan, const std::vector<bool>& wanted) {
+  std::string text;
+  for (std::size_t arm = 0; arm < plan.arms.size(); ++arm) {
+    text += arm == 0 ? "SELECT " : " UNION ALL SELECT ";
+    for (std::size_t n = 0; n < plan.arms.size(); ++n)
+      text += (n > 0 ? ", " : "") + (n == arm ? plan.arms[arm].rowid : std::string("NULL"));
+    for (std::size_t column = 0; column < wanted.size(); ++column)
+      text += ", " + (wanted[column] ? plan.arms[arm].columns[column] : std::string("NULL"));
+    text += plan.arms[arm].tail;
+  }
+  return text + " ORDER BY " + plan.armsOrder;
+}
+
+std::vector<bool> withOrderColumns(const Plan& plan, std::vector<bool> wanted) {
+  for (const std::size_t column : plan.armsOrderColumns) wanted[column] = true;
+  return wanted;
+}
+
+}  // namespace
 
 Plan finish(Binder& binder, Body body) {
   Plan plan;
@@ -202,6 +274,7 @@ Plan finish(Binder& binder, Body body) {
   if (plan.keyed)
     plan.rowByKey = onlyTables(body.chain) ? lookUpByKey(body.chain, plan.selectList, plan.parameters.size())
                                            : filterByKey(plan);
+  if (!body.arms.empty() && !nested && !plan.limit && !plan.distinct) tellArms(plan, body);
   plan.scope = std::make_shared<const Scope>(Scope{std::move(body.outputs), body.file});
   return plan;
 }
@@ -212,17 +285,23 @@ std::string emitRows(const Plan& plan, const std::string& extraWhere) {
 
 std::string emitKeys(const Plan& plan, const std::string& extraWhere, bool backwards) {
   requireKeys(plan);
+  if (!plan.arms.empty() && extraWhere.empty() && !backwards)
+    return armsTogether(plan, withOrderColumns(plan, std::vector<bool>(plan.columns.size(), false)));
   if (!backwards) return forward(plan, rowids(plan), extraWhere);
   return statement(plan, rowids(plan), withinLimit(plan, extraWhere), plan.orderByBackwards);
 }
 
 std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere) {
   requireKeys(plan);
+  if (!plan.arms.empty() && extraWhere.empty())
+    return armsTogether(plan, std::vector<bool>(plan.columns.size(), true));
   return forward(plan, rowids(plan) + ", " + plan.selectList, extraWhere);
 }
 
-std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted, const std::string& extraWhere) {
+std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted,
+                            const std::string& extraWhere) {
   requireKeys(plan);
+  if (!plan.arms.empty() && extraWhere.empty()) return armsTogether(plan, withOrderColumns(plan, wanted));
   std::string list = rowids(plan);
   for (std::size_t i = 0; i < plan.scope->columns.size(); ++i)
     list += ", " + (wanted[i] ? value(plan.scope->columns[i].value) : std::string("NULL"));

@@ -15,12 +15,21 @@
 /// SQLite text in several shapes. Recordsets, action statements and criteria all start from a Plan.
 namespace engine::plan {
 
+/// A column of a base table, by its position there.
+struct TableColumn {
+  const schema::Catalog* file = nullptr;
+  const schema::Table* table = nullptr;
+  int column = 0;
+};
+
 /// Where names are looked up. `open` gives the catalogue of an IN "file", attaching it on demand; it has to
 /// live as long as the plan. A text file such as "words.txt" is a table of a catalogue like any other.
 struct Context {
   const schema::Catalog* file = nullptr;
   std::function<const schema::Catalog&(const std::string& path)> open;
   Interface way = Interface::first;
+  /// Tells by their rows that no two of the columns can hold equal texts; empty: nothing is known of rows.
+  std::function<bool(const std::vector<TableColumn>&, const std::string& collation)> apart;
 };
 
 /// One base table in the emitted FROM.
@@ -48,6 +57,12 @@ struct Link {
   int otherSource = 0, otherColumn = 0;
 };
 
+/// One select of a union whose rows are told apart; SQLite text.
+struct UnionArm {
+  std::vector<std::string> columns;
+  std::string rowid, tail;  ///< the tail from " FROM " on
+};
+
 struct Scope;  // the names that a criterion over the plan may use
 
 /// A bound select. Cheap to move, not to copy.
@@ -60,8 +75,8 @@ struct Plan {
   std::vector<Link> links;                 ///< between two different sources (keyed plans)
   std::vector<std::string> parameters;     ///< names as they are written, declared ones first
   std::vector<ColumnType> parameterTypes;  ///< declared type, text where undeclared
-  /// The row is told by the sources' rowids: values can be read and written by key. False for UNION,
-  /// DISTINCT, GROUP BY and aggregates, which are read-only.
+  /// The row is told by the sources' rowids: values can be read and written by key. False for DISTINCT,
+  /// GROUP BY, aggregates and most unions (see `arms`), which are read-only.
   bool keyed = false;
   bool ordered = false;                ///< has an ORDER BY (own or inherited)
   std::shared_ptr<const Scope> scope;  ///< for bindCriterion and field names
@@ -73,6 +88,11 @@ struct Plan {
   bool distinct = false;
   std::optional<std::int64_t> limit;
   std::string rowByKey;  ///< emitRowByKey's text
+  /// Of a union of tables whose rows can not be equal: each arm has a source of its own, and a row has the
+  /// rowid of one of them, Null for the others. It is keyed for reading; no column can be written.
+  std::vector<UnionArm> arms;
+  std::string armsOrder;                      ///< of the arms as one compound; columns stand by their numbers
+  std::vector<std::size_t> armsOrderColumns;  ///< that have to be read for it
 };
 
 /// Binds a select (with its UNION arms and stored queries). Throws 3078 for a missing table, 3061-free:
@@ -96,7 +116,8 @@ std::string emitKeys(const Plan& plan, const std::string& extraWhere = {}, bool 
 /// The sources' rowids followed by the result's columns, in order (keyed plans).
 std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere = {});
 /// The same with Null instead of the columns that are not wanted, which SQLite then need not read.
-std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted, const std::string& extraWhere = {});
+std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted,
+                            const std::string& extraWhere = {});
 /// The result's columns of one row, told by rowids bound to ?<n+1>.. behind the n parameters (a rowid may
 /// be bound to Null). Where the key is still there the row is given whether or not it meets the condition
 /// by now; there is no row once one of the rows that it was joined of is gone.

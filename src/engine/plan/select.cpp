@@ -171,29 +171,87 @@ Body finishedArm(Binder& binder, const sql::Select& select, const schema::Catalo
   return body;
 }
 
+/// Whether the arm is one table with a unique key among its outputs.
+bool isTellingTable(const Body& body) {
+  const Chain& chain = body.chain;
+  return chain.members.size() == 1 && chain.members[0].keyed && chain.members[0].keys.size() == 1 &&
+         chain.members[0].keys[0].id == chain.members[0].id && body.plain() && !body.valuesAsked &&
+         rowsDiffer(body);
+}
+
+/// Whether no two arms can give equal rows: each is a table, and a column of theirs holds one text in all
+/// rows of each table, another one in each.
+bool armsDiffer(const Binder& binder, const std::vector<Body>& arms) {
+  if (!binder.context.apart || !std::ranges::all_of(arms, isTellingTable)) return false;
+  for (std::size_t column = 0; column < arms[0].outputs.size(); ++column) {
+    std::vector<TableColumn> columns;
+    for (const Body& arm : arms) {
+      const Bound& value = arm.outputs[column].value;
+      const Key& key = arm.chain.members[0].keys[0];
+      if (value.key == key.id && isText(value)) columns.push_back({key.file, key.table, value.position});
+    }
+    if (columns.size() == arms.size() &&
+        binder.context.apart(columns, arms[0].outputs[column].value.collation))
+      return true;
+  }
+  return false;
+}
+
+Arm tellingArm(const Body& body, bool first) {
+  Arm arm;
+  arm.key = body.chain.members[0].keys[0];
+  arm.texts.rowid = arm.key.rowid;
+  arm.texts.tail = bodyTail(body);
+  for (const Column& column : body.outputs) {
+    std::string text = value(column.value);
+    if (first && !column.value.collation.empty())
+      text += " COLLATE " + schema::quoteName(column.value.collation);
+    arm.texts.columns.push_back(std::move(text));
+  }
+  return arm;
+}
+
+/// The rowids of all arms, Null but for the arm's own.
+std::string armKeys(const std::vector<Body>& arms, std::size_t own) {
+  std::string text;
+  for (std::size_t n = 0; n < arms.size(); ++n)
+    text += ", " + (n == own ? arms[n].chain.members[0].keys[0].rowid : std::string("NULL")) + " AS k" +
+            std::to_string(n);
+  return text;
+}
+
 Body bindUnion(Binder& binder, const sql::Select& select, const schema::Catalog& file, const Level* outer) {
   const bool allRows = std::all_of(select.unions.begin(), select.unions.end(),
                                    [](const sql::Select::Arm& arm) { return arm.all; });
+  const bool noneAll = std::none_of(select.unions.begin(), select.unions.end(),
+                                    [](const sql::Select::Arm& arm) { return arm.all; });
   Body united;
-  std::string text;
-  const auto add = [&](const sql::Select& arm, const char* joint) {
+  std::vector<Body> arms;
+  const auto add = [&](const sql::Select& arm) {
     Level level;
     Body body = finishedArm(binder, arm, file, outer, level);
     join(united.escaped, level.escaped);
     if (!allRows) body.distinct = false;
     if (body.top) nest(binder, body);
-    text += joint + bodyText(body, text.empty(), ", 1 AS here");
-    if (united.outputs.empty()) {
-      united.file = body.file;
-      united.outputs = std::move(body.outputs);
-      return;
-    }
-    if (body.outputs.size() != united.outputs.size())
+    if (!arms.empty() && body.outputs.size() != arms[0].outputs.size())
       refuse("The selects of a UNION have to give the same number of columns");
-    for (std::size_t i = 0; i < united.outputs.size(); ++i) unite(united.outputs[i], body.outputs[i]);
+    arms.push_back(std::move(body));
   };
-  add(select, "");
-  for (const sql::Select::Arm& arm : select.unions) add(*arm.select, arm.all ? " UNION ALL " : " UNION ");
+  add(select);
+  for (const sql::Select::Arm& arm : select.unions) add(*arm.select);
+
+  const bool apart = noneAll && outer == nullptr && armsDiffer(binder, arms);
+  std::string text;
+  for (std::size_t n = 0; n < arms.size(); ++n) {
+    const bool all = apart || (n > 0 && select.unions[n - 1].all);
+    if (n > 0) text += all ? " UNION ALL " : " UNION ";
+    text += bodyText(arms[n], n == 0, ", 1 AS here" + (apart ? armKeys(arms, n) : ""));
+    if (apart) united.arms.push_back(tellingArm(arms[n], n == 0));
+  }
+  united.file = arms[0].file;
+  united.outputs = std::move(arms[0].outputs);
+  for (std::size_t n = 1; n < arms.size(); ++n)
+    for (std::size_t i = 0; i < united.outputs.size(); ++i) unite(united.outputs[i], arms[n].outputs[i]);
   nestText(binder, united, text);
   return united;
 }
