@@ -1,9 +1,10 @@
-// pictures DICTIONARY FOLDER LANGUAGE [dark]: opens every window over a copy of the dictionary and saves it as a
-// picture. QT_SCALE_FACTOR=2 in the environment makes all of it twice as large.
+// pictures DICTIONARY FOLDER LANGUAGE [dark]: opens every window over a copy of the dictionary and saves it
+// as a picture. QT_SCALE_FACTOR=2 in the environment makes all of it twice as large.
 
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
+#include <QTreeWidget>
 #include <filesystem>
 #include <iostream>
 
@@ -18,7 +19,9 @@ namespace fs = std::filesystem;
 
 class Album {
  public:
-  Album(User& user, fs::path folder) : user_(user), folder_(std::move(folder)) { fs::create_directories(folder_); }
+  Album(User& user, fs::path folder) : user_(user), folder_(std::move(folder)) {
+    fs::create_directories(folder_);
+  }
 
   void save(QWidget& window, const std::string& name) {
     QApplication::processEvents();
@@ -56,7 +59,8 @@ class Album {
 /// A dark palette, as desktops offer it.
 void darken() {
   User::toolkit();
-  const QColor back(0x2b, 0x2b, 0x2b), field(0x1e, 0x1e, 0x1e), text(0xe6, 0xe6, 0xe6), chosen(0x2a, 0x62, 0x9c);
+  const QColor back(0x2b, 0x2b, 0x2b), field(0x1e, 0x1e, 0x1e), text(0xe6, 0xe6, 0xe6),
+      chosen(0x2a, 0x62, 0x9c);
   QPalette dark(text, back, back.lighter(), back.darker(), back.lighter(120), text, field);
   dark.setColor(QPalette::AlternateBase, back);
   dark.setColor(QPalette::Base, field);
@@ -158,18 +162,57 @@ void boxes(User& user, Album& album) {
   user.choose("mnuDeleteEntry");
 }
 
+/// The views that stay open inside the frame; each is closed again.
+void views(User& user, Album& album) {
+  user.in("frmSearch", [&](QWidget& window) {
+    user.type(window, "TextBox1", "haus");
+    user.press(window, "TextBox1", Qt::Key_Return);
+    user.pickRow(window, "DataGrid1", 0);
+    album.save(window, "frmSearch");
+    Album::close(window);
+  });
+  user.choose("mnuSearchEntry");
+  user.in("frmSearch", [&](QWidget& window) {
+    user.type(window, "TextBox1", "Ha");
+    album.save(window, "frmSearch-goto");
+    Album::close(window);
+  });
+  user.choose("mnuGoto");
+  user.in("frmSearchSelectedWord", [&](QWidget& window) {
+    User::find<QListWidget>(window, "List1").setCurrentRow(0);
+    album.save(window, "frmSearchSelectedWord");
+    Album::close(window);
+  });
+  user.app->gate.run("frmMDI", [&] { frame::lookUp(user.app->frame, "Haus"); });
+  const std::pair<const char*, const char*> inFrame[] = {{"mnuViewEntriesMeanings", "frmView"},
+                                                         {"mnuViewAttributeEntry", "frmTreeView"}};
+  for (const auto& [item, form] : inFrame) {
+    user.choose(item);
+    auto* view = user.app->window->findChild<QWidget*>(form);
+    if (auto* tree = view->findChild<QTreeWidget*>("outline1")) tree->topLevelItem(2)->setExpanded(true);
+    album.save(*user.app->window, form);
+    user.click(*view, "Close");
+  }
+}
+
 struct DialogOfMenu {
   const char *menuItem, *form;
 };
 constexpr DialogOfMenu dialogs[] = {
-    {"mnuEditEntry", "frmEintrag"},         {"mnuVocariumConfig", "frmConfig"},
-    {"mnuEnvironment", "frmEnvironment"},   {"mnuAutomatic", "frmAutokat"},
+    {"mnuEditEntry", "frmEintrag"},
+    {"mnuVocariumConfig", "frmConfig"},
+    {"mnuEnvironment", "frmEnvironment"},
+    {"mnuAutomatic", "frmAutokat"},
     {"mnuDeleteEigenschaft", "frmDeleteEigenschaftSach"},
     {"mnuDeleteBySubject", "frmDeleteEintragEigenschaftSach"},
-    {"mnuFastEntry", "frmFastEntry"},       {"mnuRelinkEntry", "frmRelink"},
-    {"mnuChoice", "frmFilter"},             {"mnuNewHistory", "frmHistory"},
-    {"mnuDeleteByDate", "frmDeleteEntries"}, {"mnuProperties", "frmNewKateg"},
-    {"mnuServicesOverview", "frmServices"}, {"mnuBackup", "frmBackup"},
+    {"mnuFastEntry", "frmFastEntry"},
+    {"mnuRelinkEntry", "frmRelink"},
+    {"mnuChoice", "frmFilter"},
+    {"mnuNewHistory", "frmHistory"},
+    {"mnuDeleteByDate", "frmDeleteEntries"},
+    {"mnuProperties", "frmNewKateg"},
+    {"mnuServicesOverview", "frmServices"},
+    {"mnuBackup", "frmBackup"},
     {"mnuAbout", "frmAbout"},
 };
 
@@ -189,6 +232,7 @@ void makeAll(const std::string& dictionary, const fs::path& folder, bool english
   selectWord(user, "Haus");
   album.save(*user.app->window, "frmMDI");
   for (const DialogOfMenu& each : dialogs) album.dialog(each.menuItem, each.form);
+  views(user, album);
   media(user, album);
   help(user, album);
   boxes(user, album);
