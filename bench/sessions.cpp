@@ -87,6 +87,7 @@ void make(const std::string& folder, const std::string& path, std::int64_t count
   if (fs::exists(path)) return;
   Program program(folder);
   auto& s = program.session;
+  s.project.FontFrom = s.project.FontTo = s.project.FontRemark = s.project.PhoneticFont = "Arial";
   store::NewLocalDB(s, path);
   store::NewSettings settings;
   settings.sourceLanguage = "Deutsch";

@@ -212,4 +212,97 @@ TEST_F(FilterText, TheEndOfTheStatementIsCutAndItsParametersStay) {
             "PARAMETERS P TEXT; SELECT A FROM X" + clause + " ORDER BY A");
 }
 
+/// What each view adds when everything is chosen that there is, in the order of adding.
+std::vector<Row> allChosen(View view) {
+  static const Row dialogRows[] = {{" WHERE kategorie in ('p')", " and kategorie in ('p')"},
+                                   {" WHERE sachgebiet in ('s')", " and sachgebiet in ('s')"},
+                                   criteria[2]};
+  static const Row box = {" WHERE woerterbuch.SortBegriff like \"x*\"",
+                          " and woerterbuch.SortBegriff like \"x*\""};
+  static const Row letter = {
+      " WHERE SortBegriff like \"N*\" or SortBegriff like \" *\" or SortBegriff like \" *\" or SortBegriff "
+      "like "
+      "\" *\" or SortBegriff like \" *\" or SortBegriff like \" *\"",
+      " and SortBegriff like \"N*\" or SortBegriff like \" *\" or SortBegriff like \" *\" or SortBegriff "
+      "like "
+      "\" *\" or SortBegriff like \" *\" or SortBegriff like \" *\""};
+  static const Row subEntries = {" or ebene = 2", " or ebene = 2"};
+  static const Row selection = {
+      " WHERE  id_woerterbuch1 in (Select distinct ID_Woerterbuch from FilterSelektion1 as FS where "
+      "FS.id_woerterbuch = id_woerterbuch1)",
+      " and id_woerterbuch1 in (Select distinct ID_Woerterbuch from FilterSelektion1 as FS where "
+      "FS.id_woerterbuch = id_woerterbuch1)"};
+  static const Row mainEntries = {" WHERE woerterbuch.ebene = 1", " and woerterbuch.ebene = 1"};
+  static const Row trainer = {
+      " WHERE not exists (select * from Vokabeltraining where Woerterbuch.Begriff = Vokabeltraining.Begriff "
+      "and "
+      "Wortbedeutung.Wortbedeutung = Vokabeltraining.Wortbedeutung)",
+      " and not exists (select * from Vokabeltraining where Woerterbuch.Begriff = Vokabeltraining.Begriff "
+      "and "
+      "Wortbedeutung.Wortbedeutung = Vokabeltraining.Wortbedeutung)"};
+  switch (view) {
+    case View::frmFilter:
+      return {dialogRows[0], dialogRows[1], dialogRows[2]};
+    case View::frmStatist:
+      return {letter, selection};
+    case View::frmStandardReports:
+      return {letter, selection, mainEntries};
+    case View::frmWoerter:
+      return {box, letter, subEntries, selection};
+    case View::frmEintrag:
+    case View::frmPrint:
+      return {selection};
+    case View::frmWordTrainer:
+      return {selection, trainer};
+    default:
+      return {};
+  }
+}
+
+TEST_F(FilterText, EveryViewWithAndWithoutConditionOrderParametersAndFurtherFiles) {
+  const std::string first = s.files.CurrentDB.Name();
+  store::CloseCurrentDB(s);
+  const std::string b = createClosed("b.cvb"), c = createClosed("c d.cvb");
+  open(first);
+  const std::string further[] = {b, c};
+  for (int files = 1; files <= 3; ++files) {
+    if (files > 1) {
+      ASSERT_TRUE(store::addDictionary(s, further[files - 2], false));
+    }
+    s.filter.FilterKategorien = "'p'";
+    s.filter.FilterSachgebiete = "'s'";
+    filter.box(Criterion::inWork).ticked = true;
+    filter.trainer = browse::TrainerSelection::neverTrained;
+    filter.searchBox = [] { return std::string("x"); };
+    s.filter.FilterBuchstabe = {"N", " ", " ", " ", " ", " "};
+    s.filter.AlleBuchstaben = false;
+    for (int view = 0; view <= static_cast<int>(View::frmExport); ++view)
+      for (int parts = 0; parts < 8; ++parts) {
+        const auto shown = static_cast<View>(view);
+        const bool where = (parts & 1) != 0, order = (parts & 2) != 0, parameters = (parts & 4) != 0;
+        // Read off the rule: the clauses one after the other, then an arm for each further file.
+        std::string condition = where ? " WHERE E=1" : "";
+        for (const Row& row : allChosen(shown)) condition += condition.empty() ? row.where : row.further;
+        std::string expected = "SELECT A FROM X" + condition;
+        for (int n = 1; n < files; ++n) {
+          expected += " UNION SELECT A FROM X" + std::string(condition.empty() ? "" : " ") + " IN \"" +
+                      s.files.ExtraDB[static_cast<std::size_t>(n - 1)].Name() + "\"" + condition;
+        }
+        const bool printed = shown == View::frmPrint || shown == View::frmStandardReports;
+        if (order)
+          expected += " ORDER BY A";
+        else if (printed)
+          expected += " order by Sortbegriff;";
+        if (parameters) expected = "PARAMETERS P TEXT; " + expected;
+        EXPECT_EQ(
+            store::BuildMultiSQL(s,
+                                 std::string(parameters ? "parameters p text; " : "") + "select a from x" +
+                                     (where ? " where e=1" : "") + (order ? " order by a;" : ";"),
+                                 shown),
+            expected)
+            << "view " << view << " parts " << parts << " files " << files;
+      }
+  }
+}
+
 }  // namespace

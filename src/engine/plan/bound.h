@@ -147,7 +147,7 @@ struct Body {
   std::vector<std::string> repeats;  ///< row identities to group by where DISTINCTROW drops repeats
   std::optional<std::int64_t> top;
   std::vector<Arm> arms;  ///< of a union whose arms can not give equal rows; empty for all else
-  Refs escaped;  ///< instances of the selects around it that it reads
+  Refs escaped;           ///< instances of the selects around it that it reads
 
   /// It is nothing but a join and a condition, so that it may become part of the FROM clause around it.
   bool plain() const;
