@@ -68,6 +68,12 @@ void runSelection(session::Session& s, const std::string& source) {
                    store::BuildMultiSQL(s, scratch.SQL(), session::View::frmFilter));
 }
 
+/// Stands for running the same selection a second time: the numbers stand twice then.
+void repeatSelection(session::Session& s) {
+  s.files.CurrentDB.Execute(
+      "INSERT INTO [Filterselektion1] ([id_woerterbuch]) SELECT ID_Woerterbuch FROM Filterselektion1");
+}
+
 /// Calls `work` with each further file of the session.
 template <class Work>
 void eachFurtherFile(session::Session& s, const Work& work) {
@@ -222,7 +228,10 @@ bool confirmFilter(frmFilter& form) {
     const char* entries = form.meaningLevel ? "exportview2" : "exportview1";
     // Each of the two lists selects under the clauses of both: its readers ask for distinct numbers.
     if (byProperty) runSelection(s, entries);
-    if (bySubject) runSelection(s, entries);
+    if (bySubject && byProperty)
+      repeatSelection(s);
+    else if (bySubject)
+      runSelection(s, entries);
     if (!byProperty && !bySubject && FilterIsActive(form)) runSelection(s, "AllWordsOrderByBegriff");
     spreadSelection(s);
     form.visible = false;
