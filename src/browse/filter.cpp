@@ -63,7 +63,7 @@ void completeDates(frmFilter& form) {
 void runSelection(session::Session& s, const std::string& source) {
   auto& database = s.files.CurrentDB;
   auto scratch = database.queryDef("FilterSelektion");
-  scratch.setSQL("SELECT distinct woerterbuch.id_woerterbuch from " + source);
+  scratch.setScratchSQL("SELECT distinct woerterbuch.id_woerterbuch from " + source);
   database.Execute("INSERT INTO [Filterselektion1] ([id_woerterbuch]) " +
                    store::BuildMultiSQL(s, scratch.SQL(), session::View::frmFilter));
 }

@@ -32,7 +32,7 @@ void fill(session::Session& s, WordList& list, const LookupStatement& statement,
   auto scratch = s.files.CurrentDB.queryDef("SQLTemp");
   const std::string sql =
       std::string(statement.head) + textMark + statement.middle + textMark + statement.tail;
-  scratch.setSQL(rewritten(s, sql, view, word));
+  scratch.setScratchSQL(rewritten(s, sql, view, word));
   auto rows = scratch.OpenRecordset(engine::RecordsetKind::snapshot);
   for (; !rows.EndOfFile(); rows.MoveNext())
     list.insert(list.size(), rows["begriff"].textOrEmpty(), numberOf(rows["id_woerterbuch"]),

@@ -66,7 +66,7 @@ std::string topText(const frmTreeView& form, const std::string& name, const std:
 engine::Recordset openTopLevel(frmTreeView& form) {
   auto& database = form.session.files.CurrentDB;
   auto scratch = database.queryDef("SQLTemp");
-  scratch.setSQL(store::BuildMultiSQL(form.session, database.queryDef(sourceOf(form).query).SQL(), view));
+  scratch.setScratchSQL(store::BuildMultiSQL(form.session, database.queryDef(sourceOf(form).query).SQL(), view));
   return scratch.OpenRecordset(engine::RecordsetKind::snapshot);
 }
 
@@ -151,7 +151,7 @@ bool jump(frmTreeView& form) {
     std::string sql = "Select * from Woerterbuch in '" + session::escapedSQLText(file) +
                       "' where id_woerterbuch = " + std::to_string(form.keys[at]);
     if (!form.databases[at].empty()) sql += " And DatabaseName = " + quotedText(form.databases[at]);
-    scratch.setSQL(sql);
+    scratch.setScratchSQL(sql);
     auto row = scratch.OpenRecordset(engine::RecordsetKind::snapshot);
     if (row.EndOfFile()) return;
     const JumpTarget target{numberOf(row["ID_Woerterbuch"]), numberOf(row["ID_Woerterbuch1"]),

@@ -117,7 +117,7 @@ engine::Recordset readEntry(frmWoerter& form, std::int64_t id) {
   std::string sql =
       "select id_woerterbuch, woerterbuch.* from woerterbuch where id_woerterbuch = " + std::to_string(id);
   auto scratch = database.queryDef("SQLTemp");
-  scratch.setSQL(store::BuildMultiSQL(form.session, sql, session::View::frmWoerter));
+  scratch.setScratchSQL(store::BuildMultiSQL(form.session, sql, session::View::frmWoerter));
   auto rows = scratch.OpenRecordset();
   while (form.session.files.OpenDBCount > 1 && !rows.EndOfFile() &&
          rows["DATABASENAME"].textOrEmpty() != form.session.files.CurrentDBPath)

@@ -50,7 +50,7 @@ void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, ses
   grid.selected = -1;
   grid.rows = {};
   auto scratch = database.queryDef("SQLTemp");
-  scratch.setSQL(rewritten(s, sql, view, text));
+  scratch.setScratchSQL(rewritten(s, sql, view, text));
   grid.rows =
       database.OpenRecordset(scratch.SQL(), engine::RecordsetKind::dynaset, {}, engine::Interface::second);
 }

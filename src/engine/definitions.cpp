@@ -23,6 +23,11 @@ void QueryDef::setSQL(const std::string& text) {
   database_->file->setQueryText(name_, text, database_->readOnly);
 }
 
+void QueryDef::setScratchSQL(const std::string& text) {
+  database_->core->parsed(text);
+  database_->file->setQueryText(name_, text, true);
+}
+
 std::vector<std::string> QueryDef::parameterNames() const {
   return parametersOf(*database_, SQL());
 }

@@ -18,6 +18,8 @@ class QueryDef {
   const std::string& Name() const { return name_; }
   std::string SQL() const;               ///< the text exactly as stored
   void setSQL(const std::string& text);  ///< replaces it; kept in memory when the file is read-only
+  /// The same for as long as the file is open: what others see and the file itself stay as they are.
+  void setScratchSQL(const std::string& text);
   /// Names of the parameters the text needs, declared ones first, in order of appearance.
   std::vector<std::string> parameterNames() const;
   void setParameter(const std::string& name, Value value);  ///< throws 3265 for a name it does not need

@@ -1,0 +1,90 @@
+// How long an author waits at the windows, over a large dictionary: from the start to the ready frame, and
+// for each thing done in it until it is drawn. The window must not freeze for more than 100 ms outside a
+// marked long operation.
+//
+// usage: bench_desktop dictionary
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QToolButton>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+
+#include "support/user.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double took(const std::function<void()>& work) {
+  const auto before = Clock::now();
+  work();
+  QApplication::processEvents();
+  return std::chrono::duration<double, std::milli>(Clock::now() - before).count();
+}
+
+void row(const char* what, double aim, double milliseconds) {
+  std::printf("| %-48s | %8.1f | %5.0f |%s\n", what, milliseconds, aim, milliseconds > aim ? " missed" : "");
+}
+
+/// Several times the same thing at other places: the longest counts.
+double longest(int times, const std::function<void(int)>& work) {
+  double most = 0;
+  for (int n = 0; n < times; ++n) most = std::max(most, took([&] { work(n); }));
+  return most;
+}
+
+void measure(const std::string& dictionary) {
+  std::unique_ptr<User> user;
+  User::toolkit();
+  std::printf("| %-48s | %8s | %5s |\n|---|---:|---:|\n", "what", "ms", "aim");
+  row("start to the ready frame", 500, took([&] { user = std::make_unique<User>(); }));
+  QWidget& frame = *user->app->window;
+  user->chooseFile(dictionary);
+  row("open, count, first page and its entry", 1000, took([&] { user->choose("mnuOpen"); }));
+  auto& list = user->find<QListWidget>("List2");
+  row("select a row", 100, longest(20, [&](int n) { list.setCurrentRow(n + 1); }));
+  row("next page", 100, longest(20, [&](int) { user->click(frame, "PageForward"); }));
+  row("previous page", 100, longest(20, [&](int) { user->click(frame, "PageBack"); }));
+  const char* typed[] = {"v", "vo", "wu", "zan", "M"};
+  row("a key in the search box", 100, longest(5, [&](int n) { user->type(frame, "Text3", typed[n]); }));
+  row("a letter of the bar", 1000, longest(3, [&](int n) {
+        user->click(frame, n == 0 ? "Letter_W" : n == 1 ? "Letter_B" : "Letter_Z");
+      }));
+  row("all letters", 1000, took([&] { user->click(frame, "AllLetters"); }));
+  double slowest = 0, hit = 0, search = 0;
+  user->in("frmSearch", [&](QWidget& window) {
+    const char* keys[] = {"k", "ke", "kel", "kelo", "kelomi"};
+    slowest = longest(5, [&](int n) { user->type(window, "TextBox1", keys[n]); });
+    hit = took([&] { user->pickRow(window, "DataGrid1", 0); });
+    user->click(window, "Command1_1");
+  });
+  user->choose("mnuGoto");
+  row("go to: a key", 16, slowest);
+  row("go to: select a hit", 100, hit);
+  user->in("frmSearch", [&](QWidget& window) {
+    user->type(window, "TextBox1", "gropelzanhau");
+    search = took([&] { user->click(window, "Command1_0"); });
+    user->click(window, "Command1_1");
+  });
+  user->choose("mnuSearchEntry");
+  row("search all texts for a piece", 1000, search);
+  row("close unchanged", 1000, took([&] { user->choose("mnuClose"); }));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: bench_desktop dictionary\n");
+    return 2;
+  }
+  try {
+    measure(std::filesystem::absolute(argv[1]).string());
+    return 0;
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "%s\n", failure.what());
+    return 1;
+  }
+}
