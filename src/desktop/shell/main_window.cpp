@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <set>
 
+#include "catalogue/keys.h"
 #include "desktop/application.h"
 #include "desktop/browse/browser_window.h"
 #include "desktop/browse/view_windows.h"
@@ -21,6 +22,7 @@
 #include "desktop/shell/commands.h"
 #include "desktop/shell/menu_tree.h"
 #include "desktop/shell/welcome.h"
+#include "shell/session/texts.h"
 
 namespace desktop {
 namespace {
@@ -45,6 +47,7 @@ MainWindow::MainWindow(Application& app) : app_(app), commanded_(windowItems) {
   setCentralWidget(views_);
   status_ = new QLabel(this);
   status_->setObjectName("StatusBar");
+  status_->setText(qt(session::labelText(app_.session, label::status_ready)));
   statusBar()->addWidget(status_, 1);
   app_.desk.frame = this;
   app_.desk.status = status_;
@@ -144,7 +147,6 @@ void MainWindow::draw() {
     const bool does = found->second->menu() != nullptr || commanded_.contains(item.name);
     found->second->setEnabled(does && frame::isEnabled(app_.session, item));
   }
-  status_->setText(status_->text().isEmpty() ? qt(app_.session.shell.StatusText) : status_->text());
   drawRecentFiles();
   drawProjectBar();
   drawBrowsers();
@@ -212,7 +214,12 @@ void MainWindow::drawViews() {
     QMdiSubWindow* window = area_->addSubWindow(new ViewWindow(app_, *open.form));
     window->setAttribute(Qt::WA_DeleteOnClose, false);
     openViews_[open.form.get()] = window;
-    window->showNormal();
+    // Beside a browser that fills the frame a view fills it as well; closing it brings the browser back so.
+    const QMdiSubWindow* before = area_->activeSubWindow();
+    if (before != nullptr && before->isMaximized())
+      window->showMaximized();
+    else
+      window->show();
     area_->setActiveSubWindow(window);
   }
 }
