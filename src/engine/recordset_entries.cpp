@@ -24,24 +24,6 @@ bool isInKeyOrder(const plan::Plan& plan, const RecordsetQuery& query) {
   return key == nullptr || (key->columns.size() == 1 && table.find(key->columns[0]) == table.counter());
 }
 
-/// Whether SQLite has to read every row of a narrowed set to sort it before it can hand out the first. The keys
-/// alone, mostly out of an index, are read much faster then than whole rows here and there in the file.
-bool sortsFirst(RecordsetQuery& query, const std::vector<bool>& fields) {
-  const plan::Plan& plan = query.plan();
-  if (plan.sources.size() != 1 || plan.orderBy.empty() || plan.where.empty()) {
-    return false;
-  }
-  constexpr int detail = 3;
-  const storage::StatementLease explained =
-      query.statement("EXPLAIN QUERY PLAN " + plan::emitKeysAndSome(plan, fields, query.where()));
-  while (explained->step()) {
-    if (explained->text(detail).find("TEMP B-TREE FOR ORDER BY") != std::string_view::npos) {
-      return true;
-    }
-  }
-  return false;
-}
-
 }  // namespace
 
 RecordsetEntries::RecordsetEntries(RecordsetQuery& query, bool keyed)
@@ -53,7 +35,7 @@ RecordsetEntries::RecordsetEntries(RecordsetQuery& query, bool keyed)
       scratchKey_(query.plan().sources.size()),
       usedFields_(query.plan().columns.size(), false) {
   std::vector<bool> fields(usedFields_.size(), true);
-  if (keyed_ && sortsFirst(query_, fields)) {
+  if (keyed_ && query_.sortsFirst()) {
     fields.assign(fields.size(), false);
   }
   openCursor(fields);

@@ -110,6 +110,18 @@ storage::StatementLease RecordsetQuery::statement(const std::string& text) {
   return lease;
 }
 
+bool RecordsetQuery::sortsFirst() {
+  const plan::Plan& narrowed = plan();
+  if (narrowed.sources.size() != 1 || narrowed.orderBy.empty() || narrowed.where.empty()) return false;
+  constexpr int detail = 3;
+  const std::vector<bool> allFields(narrowed.columns.size(), true);
+  const storage::StatementLease explained =
+      statement("EXPLAIN QUERY PLAN " + plan::emitKeysAndSome(narrowed, allFields, where()));
+  while (explained->step())
+    if (explained->text(detail).find("TEMP B-TREE FOR ORDER BY") != std::string_view::npos) return true;
+  return false;
+}
+
 storage::AttachedFile& RecordsetQuery::fileOf(int source) {
   return connection().fileOf(*plan().sources.at(static_cast<std::size_t>(source)).file);
 }

@@ -34,6 +34,10 @@ class RecordsetQuery {
   std::string bindOnCopy(const std::string& criterion);
   /// A statement with the parameters bound that it has. Throws 3061 naming those that were not given.
   storage::StatementLease statement(const std::string& text);
+  /// Whether SQLite has to read every row of a narrowed keyed set to sort it before it can hand out the
+  /// first. The keys alone, mostly out of an index, are read much faster then than whole rows here and there
+  /// in the file.
+  bool sortsFirst();
   storage::AttachedFile& fileOf(int source);
   /// Changes whenever the plan was bound anew: what points into it has to be made anew, too.
   std::int64_t binding() const { return boundAt_; }

@@ -144,7 +144,6 @@ std::unique_ptr<Dialog> makeFilter(Gate& gate, QWidget* parent, frmFilter& form)
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::filter_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   shown->isOpen = [&form] { return form.visible; };
   shown->close = [&form] { form.visible = false; };
   auto* scope = new QHBoxLayout;

@@ -97,7 +97,6 @@ std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, frmSearch& form)
       form.mode == browse::SearchMode::goTo ? label::goto_title : label::search_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   shown->isOpen = [&form] { return form.visible; };
   shown->close = [&form] { browse::closeSearch(form); };
   QLineEdit& box = face.line("TextBox1", label::search, form.searchText,
@@ -157,7 +156,6 @@ std::unique_ptr<Dialog> makeLookUp(Gate& gate, QWidget* parent, browse::frmSearc
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::lookup_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   shown->isOpen = [&form] { return form.visible; };
   shown->close = [&form] { browse::closeLookup(form); };
   constexpr int captions[] = {label::lookup_in_texts, label::lookup_exact, label::lookup_contains};

@@ -129,7 +129,6 @@ std::unique_ptr<Dialog> makeAutokat(Gate& gate, QWidget* parent, entry::frmAutok
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::automatic_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   auto* column = new QVBoxLayout(shown);
   column->addWidget(&automaticTabs(*shown, form));
   for (const AutomaticRow& row : automaticRows) column->addLayout(automaticLists(*shown, form, row), 1);
@@ -150,7 +149,6 @@ std::unique_ptr<Dialog> makeDeleteEigenschaftSach(Gate& gate, QWidget* parent,
                                properties ? label::delete_properties_title : label::delete_subjects_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   auto* scope = new QHBoxLayout;
   scope->addWidget(&face.radio(
       "Check1", label::delete_from_entries_only, [&form] { return !form.meaningsToo; },
@@ -181,7 +179,6 @@ std::unique_ptr<Dialog> makeDeleteEintragEigenschaftSach(Gate& gate, QWidget* pa
                                properties ? label::delete_by_property_title : label::delete_by_subject_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   auto* column = new QVBoxLayout(shown);
   column->addLayout(choiceLists(*shown, form.lists, properties ? label::properties : label::subjects,
                                 label::items_of_entries_to_delete),

@@ -158,7 +158,6 @@ QWidget* tabPage(Editor& editor, Tab tab, QLayout* content) {
 std::unique_ptr<Dialog> makeEditor(Gate& gate, QWidget* parent, entry::frmEintrag& form) {
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::editor_title);
   Editor editor{*dialog, dialog->face, form};
-  dialog->helpTopic = form.formName;
   dialog->start = [&form] { entry::Form_Activate(form); };
   dialog->isOpen = [&form] { return form.visible; };
   dialog->close = [&form] { entry::Command7(form); };

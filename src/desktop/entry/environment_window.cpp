@@ -28,7 +28,6 @@ std::unique_ptr<Dialog> makeEnvironment(Gate& gate, QWidget* parent, entry::frmE
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::environment_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   shown->isOpen = [&form] { return form.visible; };
   shown->close = [&form] { entry::cancelEnvironment(form); };
   Grid& grid = fileTypes(*shown, form);

@@ -64,7 +64,6 @@ std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, frmFastEntry&
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::fast_entry_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   auto* grid = new QGridLayout;
   grid->addWidget(&face.label(label::headword), 0, 0);
   const std::array<frmFastEntry::Boxes*, columns> texts = {&form.TextBox1, &form.TextBox2, &form.TextBox3,

@@ -39,7 +39,6 @@ std::unique_ptr<Dialog> makeHistory(Gate& gate, QWidget* parent, entry::frmHisto
                                form.HistoryIsNew ? label::history_new_title : label::history_changed_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   QComboBox& period = face.combo(
       "Combo1", label::all_periods, [&form] { return form.Combo1; },
       [&form] { return form.period.empty() && !form.Combo1.empty() ? form.Combo1.front() : form.period; },
@@ -74,7 +73,6 @@ std::unique_ptr<Dialog> makeDeleteEntries(Gate& gate, QWidget* parent, entry::fr
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::delete_entries_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   auto* range = new QHBoxLayout;
   QDateTimeEdit& from = dateBox(*shown, "DTPicker1", label::date_from, form.from);
   QDateTimeEdit& to = dateBox(*shown, "DTPicker2", label::date_to, form.to);
@@ -114,7 +112,6 @@ std::unique_ptr<Dialog> makeNewKateg(Gate& gate, QWidget* parent, entry::frmNewK
       form.CatalogueIsProperty ? label::catalogue_properties_title : label::catalogue_subjects_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   Grid& grid = face.grid("DBGrid1", form.CatalogueIsProperty ? label::properties : label::subjects);
   grid.setHeads({face.caption(label::catalogue_name), face.caption(label::abbreviation)});
   grid.edited = [shown, &form](int row, int column, const std::string& text) {
@@ -159,7 +156,6 @@ std::unique_ptr<Dialog> makeServices(Gate& gate, QWidget* parent, entry::frmServ
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::services_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   struct Service {
     const char* objectName;
     int caption;

@@ -73,7 +73,6 @@ void tellKeys(Dialog& dialog, Screen& screen) {
 std::unique_ptr<Dialog> makeVollBild(Gate& gate, QWidget* parent, entry::frmVollBild& form) {
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::picture);
   Dialog* shown = dialog.get();
-  shown->helpTopic = form.formName;
   const QScreen& screen = *(parent != nullptr ? parent->screen() : shown->screen());
   const QSize dots = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
   shown->start = [&form, dots] {
@@ -99,7 +98,6 @@ std::unique_ptr<Dialog> makeSoundInfo(Gate& gate, QWidget* parent, entry::frmSou
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::sound_info_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   QLabel& device = face.shown("Device", [&form] { return form.device; });
   device.setWordWrap(true);
   device.setTextInteractionFlags(Qt::TextSelectableByMouse);

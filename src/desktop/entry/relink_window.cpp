@@ -6,7 +6,6 @@ std::unique_ptr<Dialog> makeRelink(Gate& gate, QWidget* parent, entry::frmRelink
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::relink_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   QLineEdit& search = face.line("Text1", label::relink_target, form.Text1,
                                 [&form](const std::string& text) { entry::Text1_Change(form, text); });
   search.setClearButtonEnabled(true);

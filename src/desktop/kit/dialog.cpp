@@ -28,7 +28,7 @@ void keepPlace(session::Session& s, const QWidget& window, const std::string& fo
 }
 
 Dialog::Dialog(Gate& gate, QWidget* parent, const std::string& formName, int title)
-    : QDialog(parent), face(gate, *this, formName) {
+    : QDialog(parent), face(gate, *this, formName), helpTopic(formName) {
   setWindowTitle(face.caption(title));
   setModal(true);
   setSizeGripEnabled(true);

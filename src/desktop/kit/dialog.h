@@ -27,7 +27,7 @@ class Dialog : public QDialog {
   std::function<bool()> isOpen;  ///< empty: until `finish`
   std::function<void()> close;   ///< what Escape and the close box do; empty: finish
   bool keepsPlace = true;        ///< opens again where it was and as large
-  std::string helpTopic;         ///< of F1 and the help button; empty: the contents page
+  std::string helpTopic;         ///< of F1 and the help button: the form's name; empty: no button, the contents page
 
   /// Shows the window and returns when the visit is over.
   void run();

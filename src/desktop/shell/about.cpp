@@ -10,6 +10,7 @@ namespace desktop {
 void showAbout(Gate& gate, QWidget* parent) {
   const Gate::Nested nested(gate);
   Dialog dialog(gate, parent, "frmAbout", label::about_title);
+  dialog.helpTopic.clear();
   Face& face = dialog.face;
   auto* logo = new QLabel(&dialog);
   logo->setPixmap(QPixmap(qt(session::shippedPath(face.session(), "Images/VC_logo.jpg"))));

@@ -17,7 +17,6 @@ constexpr Panel panels[] = {{1, label::type_dictionary, label::type_dictionary_h
 std::unique_ptr<Dialog> makeChooseType(Gate& gate, QWidget* parent, frame::frmChooseDBType& form) {
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::choose_type_title);
   Dialog* shown = dialog.get();
-  shown->helpTopic = form.formName;
   shown->close = [&form, shown] {
     frame::cancel(form);
     shown->finish();

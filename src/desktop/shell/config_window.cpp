@@ -60,7 +60,6 @@ QTabWidget& tabs(const ConfigWindow& window) {
 std::unique_ptr<Dialog> makeConfig(Gate& gate, QWidget* parent, frame::frmConfig& form) {
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::config_title);
   const ConfigWindow window{*dialog, dialog->face, form};
-  dialog->helpTopic = form.formName;
   dialog->isOpen = [&form] { return form.visible; };
   dialog->close = [&form] { form.visible = false; };
   auto* column = new QVBoxLayout(dialog.get());

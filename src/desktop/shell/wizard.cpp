@@ -124,7 +124,6 @@ void buildSteps(Wizard& wizard, QTabWidget& tabs, QHBoxLayout& buttons) {
 std::unique_ptr<Dialog> makeWizard(Gate& gate, QWidget* parent, firstent& form) {
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::wizard_title);
   Wizard wizard{*dialog, dialog->face, form};
-  dialog->helpTopic = form.formName;
   dialog->isOpen = [&form] { return !form.finished && !form.cancelled; };
   dialog->close = [&form] { frame::cancel(form); };
   auto* tabs = new QTabWidget(dialog.get());

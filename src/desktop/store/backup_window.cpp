@@ -9,7 +9,6 @@ std::unique_ptr<Dialog> makeBackup(Gate& gate, QWidget* parent, store::frmBackup
   auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::backup_title);
   Dialog* shown = dialog.get();
   Face& face = shown->face;
-  shown->helpTopic = form.formName;
   QLabel& source = face.shown("Source", [&form, &face] {
     return form.source.empty() ? std::string("–") : face.session().files.paths.real(form.source).string();
   });
