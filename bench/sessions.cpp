@@ -13,6 +13,7 @@
 #include "shell/session/texts.h"
 #include "store/close.h"
 #include "store/create.h"
+#include "store/locale.h"
 #include "store/open.h"
 #include "store/settings_row.h"
 
@@ -93,7 +94,7 @@ void make(const std::string& folder, const std::string& path, std::int64_t count
   settings.sourceLanguage = "Deutsch";
   settings.targetLanguage = "Englisch";
   settings.description = "Benchmark";
-  settings.sortOrder = session::labelText(s, label::sort_general);
+  settings.sortOrder = store::sortOrderCaptions(s).front();
   settings.dateFormat = "yyyy";
   store::prepareMediaFolder(s, false);
   store::writeSettingsRow(s, settings);

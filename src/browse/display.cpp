@@ -6,7 +6,7 @@
 #include "browse/frmWoerter.h"
 #include "browse/page_html.h"
 #include "browse/values.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "entry/media_files.h"
 #include "shell/session/errors.h"
 #include "shell/session/texts.h"

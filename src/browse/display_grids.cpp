@@ -1,7 +1,7 @@
 // The read-only grids of the entry display.
 
 #include "browse/display.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace browse {

@@ -4,7 +4,8 @@
 
 #include "base/text.h"
 #include "browse/frmFilter.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"

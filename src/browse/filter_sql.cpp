@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "browse/frmFilter.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace browse {

@@ -2,7 +2,8 @@
 
 #include "base/text.h"
 #include "browse/dictionary_in_use.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"

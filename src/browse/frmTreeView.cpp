@@ -2,7 +2,7 @@
 
 #include "browse/dictionary_in_use.h"
 #include "browse/values.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
@@ -66,7 +66,8 @@ std::string topText(const frmTreeView& form, const std::string& name, const std:
 engine::Recordset openTopLevel(frmTreeView& form) {
   auto& database = form.session.files.CurrentDB;
   auto scratch = database.queryDef("SQLTemp");
-  scratch.setScratchSQL(store::BuildMultiSQL(form.session, database.queryDef(sourceOf(form).query).SQL(), view));
+  scratch.setScratchSQL(
+      store::BuildMultiSQL(form.session, database.queryDef(sourceOf(form).query).SQL(), view));
   return scratch.OpenRecordset(engine::RecordsetKind::snapshot);
 }
 

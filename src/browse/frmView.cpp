@@ -2,7 +2,7 @@
 
 #include "browse/derived.h"
 #include "browse/dictionary_in_use.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"

@@ -6,7 +6,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "browse/values.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "entry/media_files.h"
 #include "shell/session/routines.h"
 #include "shell/session/start.h"

@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "browse/frmSearch.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace browse {

@@ -3,7 +3,7 @@
 #include <span>
 
 #include "browse/frmView.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace browse {

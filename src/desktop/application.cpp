@@ -1,7 +1,7 @@
 #include "desktop/application.h"
 
 #include "base/error.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "desktop/kit/text.h"
 #include "desktop/shell/help_window.h"
 #include "desktop/shell/main_window.h"

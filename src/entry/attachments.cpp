@@ -3,6 +3,8 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/start_browser.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"

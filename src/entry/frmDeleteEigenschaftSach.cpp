@@ -3,6 +3,8 @@
 #include <string>
 
 #include "base/datetime.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 

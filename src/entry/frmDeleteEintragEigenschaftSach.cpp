@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 

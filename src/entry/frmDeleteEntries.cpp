@@ -1,6 +1,7 @@
 #include "entry/frmDeleteEntries.h"
 
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 

@@ -1,7 +1,7 @@
 #include "entry/frmEintrag.h"
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "entry/attachments.h"
 #include "entry/classification.h"
 #include "entry/links.h"

@@ -2,7 +2,7 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "entry/attempt.h"
 #include "entry/sort_term.h"
 #include "shell/session/errors.h"

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "base/datetime.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/texts.h"
 

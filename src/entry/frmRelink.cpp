@@ -1,7 +1,7 @@
 #include "entry/frmRelink.h"
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
 #include "entry/sort_term.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -1,6 +1,7 @@
 #include "entry/frmServices.h"
 
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/search_text.h"
 #include "entry/sort_term.h"
 #include "shell/session/errors.h"

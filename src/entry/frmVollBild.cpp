@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
 #include "entry/pictures.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -1,7 +1,8 @@
 #include "entry/meanings.h"
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/classification.h"
 #include "entry/search_text.h"
 #include "shell/session/errors.h"

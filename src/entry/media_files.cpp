@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "platform/images.h"
 #include "platform/scanner.h"
 #include "platform/sound.h"
@@ -45,6 +46,10 @@ constexpr std::array<Wording, 9> wordings{{
 }};
 
 }  // namespace
+
+void throwNoMedia(const session::Session& s) {
+  throw base::Error(platform::noMedia, session::dialogText(s, dialog::no_media_on_desk));
+}
 
 std::string mediaFileName(const session::Session& s, std::int64_t id, const std::string& extension) {
   const std::string dictionary = base::fileName(s.files.paths.real(s.files.CurrentDBPath).string());

@@ -23,11 +23,11 @@ std::string writtenMediaFolder(session::Session& s);
 /// The path of a stored file: below `Audiopfad`, or beside the dictionary where it is not found there.
 std::string mediaPath(session::Session& s, const std::string& name);
 
+[[noreturn]] void throwNoMedia(const session::Session& s);
 /// A port of the desk, or the error that there is none.
 template <class Port>
 Port& port(const session::Session& s, Port* given) {
-  if (given == nullptr)
-    throw base::Error(platform::noMedia, session::dialogText(s, dialog::no_media_on_desk));
+  if (given == nullptr) throwNoMedia(s);
   return *given;
 }
 

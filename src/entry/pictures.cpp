@@ -7,6 +7,8 @@
 #include <utility>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/attempt.h"
 #include "entry/media_files.h"
 #include "platform/scanner.h"

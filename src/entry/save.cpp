@@ -1,7 +1,7 @@
 // Saving, closing, the duplicate check and the navigator of the entry editor.
 
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
 #include "entry/attempt.h"
 #include "entry/frmEintrag.h"
 #include "entry/media_files.h"

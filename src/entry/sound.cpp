@@ -1,6 +1,8 @@
 #include "entry/sound.h"
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/media_files.h"
 #include "platform/sound.h"
 #include "shell/session/errors.h"

@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "store/files.h"

@@ -6,7 +6,8 @@
 
 #include "base/paths.h"
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "publish/html.h"
 #include "publish/related.h"
 #include "publish/rows.h"

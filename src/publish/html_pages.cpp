@@ -7,7 +7,7 @@
 #include "base/error.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "publish/html.h"
 #include "publish/webpath.h"
 #include "shell/session/texts.h"

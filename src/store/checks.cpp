@@ -1,6 +1,8 @@
 #include "store/checks.h"
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/schema.h"

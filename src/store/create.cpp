@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "store/close.h"
 #include "store/files.h"

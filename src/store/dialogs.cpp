@@ -1,5 +1,6 @@
 #include "store/dialogs.h"
 
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace store {

@@ -8,6 +8,8 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 
 namespace store {

@@ -3,6 +3,8 @@
 #include "base/datetime.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "store/close.h"
 #include "store/files.h"

@@ -1,5 +1,6 @@
 #include "store/locale.h"
 
+#include "catalogue/label.h"
 #include "shell/session/texts.h"
 
 namespace store {

@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/checks.h"

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "shell/session/start.h"
 

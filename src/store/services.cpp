@@ -3,6 +3,8 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/close.h"

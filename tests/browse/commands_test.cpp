@@ -1,6 +1,8 @@
 // New, edit and delete through the browser, with the editor driven as its user would.
 
 #include "browse/browser.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 
 namespace {
 

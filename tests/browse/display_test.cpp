@@ -5,6 +5,8 @@
 #include "browse/browser.h"
 #include "browse/commands.h"
 #include "browse/page_html.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "store/flat.h"
 
 namespace {

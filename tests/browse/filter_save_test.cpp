@@ -2,6 +2,7 @@
 
 #include "browse/browser.h"
 #include "browse/frmFilter.h"
+#include "catalogue/dialog.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include "browse/browser.h"
 #include "browse/frmFilter.h"
+#include "catalogue/label.h"
 #include "store/rewriter.h"
 
 namespace {

@@ -1,6 +1,7 @@
 // The paged list: how many rows a page holds, its marks, and jumps into it.
 
 #include "browse/browser.h"
+#include "catalogue/label.h"
 
 namespace {
 

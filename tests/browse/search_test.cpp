@@ -5,6 +5,8 @@
 #include "browse/browser.h"
 #include "browse/commands.h"
 #include "browse/frmSearch.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 
 namespace {
 

@@ -5,6 +5,8 @@
 
 #include "browse/browser.h"
 #include "browse/frmFilter.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "store/rewriter.h"
 
 namespace {

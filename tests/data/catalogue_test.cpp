@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/keys.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
+#include "catalogue/menu.h"
 
 namespace {
 

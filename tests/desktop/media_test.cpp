@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "catalogue/dialog.h"
 #include "desktop/kit/picture_box.h"
 #include "platform/media/picture_files.h"
 #include "shell/session/messages.h"

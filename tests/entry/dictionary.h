@@ -7,7 +7,6 @@
 #include <string>
 
 #include "base/text.h"
-#include "catalogue/keys.h"
 #include "entry/classification.h"
 #include "entry/frmEintrag.h"
 #include "entry/meanings.h"

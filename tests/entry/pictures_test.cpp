@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "catalogue/dialog.h"
 #include "entry/frmVollBild.h"
 #include "entry/media_files.h"
 #include "media.h"

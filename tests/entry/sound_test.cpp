@@ -1,5 +1,7 @@
 #include "entry/sound.h"
 
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/frmSoundInfo.h"
 #include "media.h"
 

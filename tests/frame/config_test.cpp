@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/label.h"
 #include "shell/frame/firstent.h"
 #include "shell/frame/frmConfig.h"
 #include "shell/session/settings.h"

@@ -6,6 +6,7 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "entry/frmDeleteEintragEigenschaftSach.h"
 #include "entry/frmEintrag.h"
 #include "shell/frame/firstent.h"

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "support/test_session.h"
 

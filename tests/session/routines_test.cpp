@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/start.h"
 #include "support/test_session.h"
 

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/text.h"
-#include "catalogue/keys.h"
 #include "shell/session/routines.h"
 #include "store/close.h"
 #include "store/create.h"
@@ -33,7 +32,7 @@ class StoreTest : public testing::Test {
     settings.sourceLanguage = "Deutsch";
     settings.targetLanguage = "Englisch";
     settings.description = "Test";
-    settings.sortOrder = t.label(label::sort_general);
+    settings.sortOrder = store::sortOrderCaptions(s).front();
     settings.dateFormat = "yyyy";
     store::prepareMediaFolder(s, false);
     store::writeSettingsRow(s, settings);

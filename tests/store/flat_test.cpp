@@ -3,6 +3,7 @@
 #include <map>
 
 #include "base/datetime.h"
+#include "catalogue/dialog.h"
 #include "store/dictionary.h"
 
 namespace {

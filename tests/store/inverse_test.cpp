@@ -5,6 +5,7 @@
 #include <map>
 #include <set>
 
+#include "catalogue/dialog.h"
 #include "store/dictionary.h"
 #include "store/queries/stored_queries.h"
 

@@ -1,5 +1,7 @@
 #include <fstream>
 
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "store/checks.h"
 #include "store/dictionary.h"

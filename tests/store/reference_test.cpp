@@ -1,5 +1,6 @@
 #include "store/reference.h"
 
+#include "catalogue/label.h"
 #include "store/dictionary.h"
 #include "store/letters.h"
 #include "store/locale.h"

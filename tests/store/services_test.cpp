@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "catalogue/dialog.h"
 #include "store/dictionary.h"
 #include "store/frmBackup.h"
 

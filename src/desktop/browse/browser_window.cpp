@@ -11,6 +11,7 @@
 #include <QToolButton>
 
 #include "browse/commands.h"
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/display_panel.h"
 #include "desktop/shell/main_window.h"

@@ -14,6 +14,7 @@
 #include <QTextImageFormat>
 
 #include "browse/page_html.h"
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/entry_page.h"
 #include "desktop/browse/media_bar.h"

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 
+#include "catalogue/label.h"
 #include "store/letters.h"
 
 namespace desktop {

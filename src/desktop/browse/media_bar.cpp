@@ -2,6 +2,7 @@
 
 #include <QSlider>
 
+#include "catalogue/label.h"
 #include "desktop/kit/picture_box.h"
 #include "platform/media/picture_files.h"
 

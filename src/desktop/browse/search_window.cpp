@@ -3,6 +3,7 @@
 #include <QFontComboBox>
 #include <QGridLayout>
 
+#include "catalogue/label.h"
 #include "desktop/browse/result_binding.h"
 
 namespace desktop {

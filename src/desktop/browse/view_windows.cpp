@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QTreeWidget>
 
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/result_binding.h"
 

@@ -3,6 +3,7 @@
 #include <QTabBar>
 #include <algorithm>
 
+#include "catalogue/label.h"
 #include "desktop/kit/keys.h"
 
 namespace desktop {

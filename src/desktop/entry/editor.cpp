@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <array>
 
+#include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
 #include "shell/session/messages.h"
 

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QShortcut>
 
+#include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
 #include "entry/classification.h"
 #include "entry/meanings.h"

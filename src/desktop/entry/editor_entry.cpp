@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+#include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
 #include "desktop/entry/media_box.h"
 #include "desktop/entry/phonetic_pad.h"

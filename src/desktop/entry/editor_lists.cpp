@@ -3,6 +3,8 @@
 #include <QGridLayout>
 #include <QMenu>
 
+#include "catalogue/label.h"
+#include "catalogue/menu.h"
 #include "desktop/entry/editor_tabs.h"
 #include "entry/attachments.h"
 #include "entry/links.h"

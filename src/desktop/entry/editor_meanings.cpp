@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QSplitter>
 
+#include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
 #include "entry/meanings.h"
 

@@ -1,5 +1,6 @@
 #include "desktop/entry/environment_window.h"
 
+#include "catalogue/label.h"
 #include "desktop/kit/keys.h"
 
 namespace desktop {

@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <array>
 
+#include "catalogue/label.h"
 #include "desktop/entry/entry_windows.h"
 
 namespace desktop {

@@ -3,6 +3,8 @@
 #include <QDateTimeEdit>
 #include <QFormLayout>
 
+#include "catalogue/label.h"
+#include "catalogue/menu.h"
 #include "desktop/entry/entry_windows.h"
 #include "shell/session/messages.h"
 

@@ -5,6 +5,7 @@
 #include <QProgressBar>
 #include <QTimer>
 
+#include "catalogue/label.h"
 #include "desktop/kit/picture_box.h"
 #include "entry/frmVollBild.h"
 #include "entry/pictures.h"

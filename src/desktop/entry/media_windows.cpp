@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "catalogue/label.h"
 #include "platform/media/picture_files.h"
 
 namespace desktop {

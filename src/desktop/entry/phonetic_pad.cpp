@@ -7,6 +7,7 @@
 #include <QWidgetAction>
 
 #include "base/text.h"
+#include "catalogue/label.h"
 #include "entry/phonetic.h"
 
 namespace desktop {

@@ -1,3 +1,4 @@
+#include "catalogue/label.h"
 #include "desktop/entry/entry_windows.h"
 
 namespace desktop {

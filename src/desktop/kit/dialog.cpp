@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QSettings>
 
+#include "catalogue/label.h"
 #include "shell/session/routines.h"
 
 namespace desktop {

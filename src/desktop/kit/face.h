@@ -13,7 +13,6 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/keys.h"
 #include "desktop/kit/gate.h"
 #include "desktop/kit/grid.h"
 #include "desktop/kit/text.h"

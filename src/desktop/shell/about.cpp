@@ -2,6 +2,7 @@
 
 #include <QPixmap>
 
+#include "catalogue/label.h"
 #include "desktop/kit/dialog.h"
 #include "shell/session/start.h"
 

@@ -7,6 +7,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/kit/icon.h"
 #include "desktop/kit/text.h"

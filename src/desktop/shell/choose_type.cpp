@@ -2,6 +2,8 @@
 
 #include <QCommandLinkButton>
 
+#include "catalogue/label.h"
+
 namespace desktop {
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QFormLayout>
 #include <QGroupBox>
 
+#include "catalogue/label.h"
 #include "desktop/shell/config_pages.h"
 
 namespace desktop {

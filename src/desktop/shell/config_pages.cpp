@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 
+#include "catalogue/label.h"
 #include "desktop/kit/keys.h"
 #include "desktop/shell/choice_list.h"
 #include "desktop/shell/language_grid.h"

@@ -5,6 +5,7 @@
 #include <QSpinBox>
 #include <algorithm>
 
+#include "catalogue/label.h"
 #include "desktop/shell/config_pages.h"
 
 namespace desktop {

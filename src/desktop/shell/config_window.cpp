@@ -3,6 +3,7 @@
 #include <QScrollArea>
 #include <QTabWidget>
 
+#include "catalogue/label.h"
 #include "desktop/shell/config_pages.h"
 
 namespace desktop {

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "desktop/kit/text.h"
 #include "shell/session/start.h"
 #include "shell/session/texts.h"

@@ -3,6 +3,8 @@
 #include <QGroupBox>
 #include <algorithm>
 
+#include "catalogue/label.h"
+
 namespace desktop {
 
 QWidget* languageGrid(Face& face, const LanguageNames& names, int caption,

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <set>
 
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/browser_window.h"
 #include "desktop/browse/view_windows.h"

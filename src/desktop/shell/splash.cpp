@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QScreen>
 
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/kit/text.h"
 #include "shell/session/start.h"

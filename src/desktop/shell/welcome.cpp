@@ -6,7 +6,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "catalogue/keys.h"
+#include "catalogue/label.h"
+#include "catalogue/menu.h"
 #include "desktop/application.h"
 #include "desktop/kit/text.h"
 #include "shell/session/settings.h"

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 #include <QTabWidget>
 
+#include "catalogue/label.h"
 #include "desktop/shell/choice_list.h"
 #include "desktop/shell/language_grid.h"
 

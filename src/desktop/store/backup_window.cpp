@@ -3,6 +3,8 @@
 #include <QFileDialog>
 #include <QFormLayout>
 
+#include "catalogue/label.h"
+
 namespace desktop {
 
 std::unique_ptr<Dialog> makeBackup(Gate& gate, QWidget* parent, store::frmBackup& form) {

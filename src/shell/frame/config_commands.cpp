@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/frame/frmConfig.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "catalogue/dialog.h"
 #include "entry/frmAutokat.h"
 #include "entry/frmDeleteEigenschaftSach.h"
 #include "entry/frmDeleteEintragEigenschaftSach.h"

@@ -2,6 +2,8 @@
 #include <filesystem>
 
 #include "browse/clipboard.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/pictures.h"
 #include "shell/frame/firstent.h"
 #include "shell/frame/frmMDI.h"

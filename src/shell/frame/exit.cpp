@@ -1,5 +1,6 @@
 #include "base/datetime.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -4,6 +4,8 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "store/create.h"
 #include "store/locale.h"

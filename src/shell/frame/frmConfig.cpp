@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/session/messages.h"
 
 namespace frame {

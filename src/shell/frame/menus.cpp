@@ -1,5 +1,6 @@
 #include "shell/frame/menus.h"
 
+#include "catalogue/menu.h"
 #include "shell/session/texts.h"
 
 namespace frame {

@@ -1,6 +1,8 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
+#include "catalogue/label.h"
 #include "entry/frmEintrag.h"
 #include "shell/frame/firstent.h"
 #include "shell/frame/frmMDI.h"

@@ -7,6 +7,7 @@
 #include "browse/frmSearchSelectedWord.h"
 #include "browse/frmTreeView.h"
 #include "browse/frmView.h"
+#include "catalogue/dialog.h"
 #include "shell/frame/frmMDI.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"

@@ -6,6 +6,7 @@
 
 #include "base/datetime.h"
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "shell/session/texts.h"

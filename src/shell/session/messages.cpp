@@ -1,5 +1,6 @@
 #include "shell/session/messages.h"
 
+#include "catalogue/label.h"
 #include "shell/session/errors.h"
 
 namespace session {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/session/messages.h"
 #include "shell/session/start.h"
 

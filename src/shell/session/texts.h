@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "catalogue/keys.h"
 #include "shell/session/session.h"
 
 /// The text catalogue: menus, labels, messages and printed texts stand in the system database and are
-/// read once at start. A text is named by its key in "catalogue/keys.h", which is its position there.
+/// read once at start. A text is named by its key in "catalogue/menu.h", "catalogue/label.h",
+/// "catalogue/dialog.h" or "catalogue/print.h", which is its position there.
 namespace session {
 
 /// The text at a position. Throw Error 9 where the catalogue has none, as after a start without it.
