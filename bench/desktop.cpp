@@ -2,7 +2,7 @@
 // for each thing done in it until it is drawn. The window must not freeze for more than 100 ms outside a
 // marked long operation.
 //
-// usage: bench_desktop dictionary
+// usage: bench_desktop [folder] [entries]   the folder keeps the made dictionary between runs
 
 #include <QListWidget>
 #include <QPushButton>
@@ -11,7 +11,10 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "base/text.h"
+#include "program.h"
 #include "support/user.h"
+#include "words.h"
 
 namespace {
 
@@ -35,7 +38,8 @@ double longest(int times, const std::function<void(int)>& work) {
   return most;
 }
 
-void measure(const std::string& dictionary) {
+/// `headword` is one of the dictionary.
+void measure(const std::string& dictionary, const std::string& headword) {
   std::unique_ptr<User> user;
   User::toolkit();
   std::printf("| %-48s | %8s | %5s |\n|---|---:|---:|\n", "what", "ms", "aim");
@@ -47,16 +51,18 @@ void measure(const std::string& dictionary) {
   row("select a row", 100, longest(20, [&](int n) { list.setCurrentRow(n + 1); }));
   row("next page", 100, longest(20, [&](int) { user->click(frame, "PageForward"); }));
   row("previous page", 100, longest(20, [&](int) { user->click(frame, "PageBack"); }));
-  const char* typed[] = {"v", "vo", "wu", "zan", "M"};
+  const char* typed[] = {"v", "ve", "wur", "zelm", "M"};
   row("a key in the search box", 100, longest(5, [&](int n) { user->type(frame, "Text3", typed[n]); }));
-  row("a letter of the bar", 1000, longest(3, [&](int n) {
+  user->type(frame, "Text3", "");
+  row("a letter of the bar", 100, longest(3, [&](int n) {
         user->click(frame, n == 0 ? "Letter_W" : n == 1 ? "Letter_B" : "Letter_Z");
       }));
-  row("all letters", 1000, took([&] { user->click(frame, "AllLetters"); }));
+  row("all letters", 300, took([&] { user->click(frame, "AllLetters"); }));
   double slowest = 0, hit = 0, search = 0;
   user->in("frmSearch", [&](QWidget& window) {
-    const char* keys[] = {"k", "ke", "kel", "kelo", "kelomi"};
-    slowest = longest(5, [&](int n) { user->type(window, "TextBox1", keys[n]); });
+    slowest = longest(5, [&](int n) {
+      user->type(window, "TextBox1", base::left(headword, static_cast<std::size_t>(n) + 1));
+    });
     hit = took([&] { user->pickRow(window, "DataGrid1", 0); });
     user->click(window, "Command1_1");
   });
@@ -64,7 +70,7 @@ void measure(const std::string& dictionary) {
   row("go to: a key", 16, slowest);
   row("go to: select a hit", 100, hit);
   user->in("frmSearch", [&](QWidget& window) {
-    user->type(window, "TextBox1", "gropelzanhau");
+    user->type(window, "TextBox1", base::right(headword, base::length(headword) / 2));
     search = took([&] { user->click(window, "Command1_0"); });
     user->click(window, "Command1_1");
   });
@@ -76,12 +82,11 @@ void measure(const std::string& dictionary) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: bench_desktop dictionary\n");
-    return 2;
-  }
+  const std::string folder = std::filesystem::absolute(argc > 1 ? argv[1] : "bench-data").string();
+  const std::size_t entries = argc > 2 ? std::strtoul(argv[2], nullptr, 10) : 1000000;
   try {
-    measure(std::filesystem::absolute(argv[1]).string());
+    std::filesystem::create_directories(folder);
+    measure(bench::importedDictionary(folder, entries), bench::headwordsToFind(entries).back());
     return 0;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "%s\n", failure.what());

@@ -94,9 +94,9 @@ std::string TableDef::fieldProperty(const std::string& field, const std::string&
               "The field \"" + field + "\" of \"" + name_ + "\" has no property \"" + property + "\".");
 }
 
-void TableDef::watch(const std::string& condition) {
+void TableDef::watch(const std::string& condition, const std::string& order) {
   database_->requireWritable();
-  watchRows(*database_, name_, condition);
+  watchRows(*database_, name_, condition, order);
 }
 
 }  // namespace engine

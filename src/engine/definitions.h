@@ -62,8 +62,10 @@ class TableDef {
 
   /// Keeps the rows that meet a condition of the dialect over the table's own fields ("ebene = 0",
   /// "isnull(sortbegriff)") in an index of their own, so that a select or a Find with just this condition
-  /// reads those rows alone. Meant for conditions that few rows meet. Harmless when it is watched already.
-  void watch(const std::string& condition);
+  /// reads those rows alone. Meant for conditions that few rows meet. In the order of the field `order`, if
+  /// one is named, a select in this order merges them with what other indexes give ("order like 'a*' or
+  /// condition"). Harmless when it is watched already. Throws 3265 for an unknown field.
+  void watch(const std::string& condition, const std::string& order = {});
 
   TableDef(std::shared_ptr<DatabaseImpl> database, std::string name);
 

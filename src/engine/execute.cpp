@@ -78,7 +78,8 @@ std::vector<std::string> parametersOf(DatabaseImpl& database, const std::string&
   return plan::bind(*statement, binding.context()).parameters;
 }
 
-void watchRows(DatabaseImpl& database, const std::string& table, const std::string& condition) {
+void watchRows(DatabaseImpl& database, const std::string& table, const std::string& condition,
+               const std::string& order) {
   const Binding binding(database, Interface::first);
   const plan::Plan plan =
       plan::bind(*database.core->parsed("SELECT * FROM [" + table + "]"), binding.context());
@@ -86,7 +87,7 @@ void watchRows(DatabaseImpl& database, const std::string& table, const std::stri
   const std::string bound = plan::bindCriterion(plan, *parsed, binding.context());
   const std::string& rowid = plan.sources.at(0).rowid;
   const std::string alias = rowid.substr(0, rowid.rfind('.'));
-  database.file->appendWatch({table, condition, withoutAlias(bound, alias)});
+  database.file->appendWatch({table, condition, withoutAlias(bound, alias), order});
 }
 
 }  // namespace engine

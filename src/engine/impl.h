@@ -73,7 +73,8 @@ class DatabaseImpl {
 std::int64_t execute(DatabaseImpl& database, const std::string& text, const Parameters& parameters,
                      Interface way);
 /// See TableDef::watch.
-void watchRows(DatabaseImpl& database, const std::string& table, const std::string& condition);
+void watchRows(DatabaseImpl& database, const std::string& table, const std::string& condition,
+               const std::string& order);
 /// The parameters that a statement needs, declared ones first.
 std::vector<std::string> parametersOf(DatabaseImpl& database, const std::string& text);
 

@@ -44,6 +44,7 @@ void compact(session::Session& s, const std::string& path) {
   {
     // A file of an earlier version gets its indexes now.
     engine::Database db = s.files.Workspace->OpenDatabase(file.string());
+    KeepSubEntries(db);
     IndexSearchedTexts(db);
   }
   fs::path sibling = file;

@@ -38,6 +38,7 @@ void build(session::Session& s, const std::string& path) {
   CreateTables(db);
   CreateRelations(db);
   WatchOpeningChecks(db);
+  KeepSubEntries(db);
   IndexSearchedTexts(db);
   CreateQueries(db);
   removeGroupRights(db);

@@ -120,6 +120,10 @@ void WatchOpeningChecks(engine::Database& db) {
   db.tableDef("Wortbedeutung").watch(noEntry);
 }
 
+void KeepSubEntries(engine::Database& db) {
+  db.tableDef("Woerterbuch").watch("ebene = 2", "SortBegriff");
+}
+
 void IndexSearchedTexts(engine::Database& db) {
   const std::pair<const char*, std::vector<std::string>> searched[] = {
       {"Woerterbuch", {"Begriff", "MetaSuche", "Bemerkung"}},

@@ -27,6 +27,8 @@ void CreateTable(engine::Database& db, std::string_view name);
 void CreateRelations(engine::Database& db);
 /// Keeps the rows that every opening asks for at hand, so that no opening scans a table.
 void WatchOpeningChecks(engine::Database& db);
+/// Keeps the sub-entries at hand in the order of the list, which shows them beside the entries of any letter.
+void KeepSubEntries(engine::Database& db);
 /// Asks for indexes over the texts that are searched for pieces; the next compaction makes them.
 void IndexSearchedTexts(engine::Database& db);
 /// Lets the listed text fields take the empty text; all others refuse it.

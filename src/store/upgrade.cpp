@@ -64,6 +64,7 @@ void UpdateFrom2012rV17ToCurrentVersion(session::Session& s, engine::Database& d
   addTable(s, db, "WZeit", [&] { ImportWZeit(s, db); });
   CreateQueries(db);
   WatchOpeningChecks(db);
+  KeepSubEntries(db);
   IndexSearchedTexts(db);
   engine::Recordset info = db.OpenRecordset("Info");
   info.Edit();

@@ -89,6 +89,13 @@ TEST_F(RecordsetUnion, FilesThatTellThemselvesApartAreMerged) {
   auto filtered =
       database.OpenRecordset(united("WHERE Begriff LIKE \"w99*\"") + " ORDER BY SortBegriff DESC, 1;");
   EXPECT_EQ(all(filtered), (std::vector<std::string>{"w993/B", "w993/A"})) << "ties turn round with the rest";
+  auto letters = database.OpenRecordset(
+      united("WHERE SortBegriff LIKE \"w9*\" OR SortBegriff LIKE \"z*\" OR SortBegriff LIKE \"w99*\"") +
+      " ORDER BY SortBegriff;");
+  std::vector<std::string> lettered;
+  std::ranges::copy_if(found, std::back_inserter(lettered),
+                       [](const auto& word) { return word.starts_with("w9") || word.starts_with("z"); });
+  EXPECT_EQ(all(letters), lettered);
   auto snapshot =
       database.OpenRecordset(united() + " ORDER BY SortBegriff;", engine::RecordsetKind::snapshot);
   EXPECT_EQ(all(snapshot), found);

@@ -73,6 +73,18 @@ std::string asText(const Bound& bound);
 /// The expression made comparable with a value of `type`. Throws 13 for a literal that can not be.
 std::string coerced(const Bound& bound, ColumnType type);
 
+// alternatives.cpp
+/// Notes that a comparison of a column with a constant is the condition of rows that the file keeps in an
+/// index of their own, in the order of some column.
+void noteKept(const Binder& binder, const Bound& a, const Bound& b, Bound& condition);
+/// What `both` and `either` mean for the alternatives of two conditions, for a new one with the text given.
+void noteBoth(const Bound& a, const Bound& b, Bound& made);
+void noteEither(const Bound& a, const Bound& b, Bound& made);
+/// A body on one table whose condition has alternatives: the tails of the selects that give its rows
+/// together, each row once, and the column in whose order an index gives each of them. Empty and -1 for other
+/// bodies.
+std::vector<std::string> alternativeTails(const Body& body, int& column);
+
 // functions.cpp
 Bound bindCall(Binder& binder, const Level& level, const sql::Expr& expr);
 

@@ -36,6 +36,15 @@ struct Candidates {
   std::string condition;
 };
 
+/// Conditions of which a row of one base table instance meets at least one. For each of them an index hands
+/// out its rows in the order of a column, so that a set in that order can merge them instead of looking at
+/// every row of the table.
+struct Alternatives {
+  int key = -1;     ///< the instance
+  int column = -1;  ///< position in its table
+  std::vector<std::string> conditions;
+};
+
 /// A bound expression.
 struct Bound {
   std::string text;                ///< for SQLite; may stand beside any operator as it is
@@ -52,6 +61,7 @@ struct Bound {
   int position = -1;                             ///< ... and its position there
   std::optional<Equality> link;                  ///< an equality of two such columns
   std::shared_ptr<const Candidates> candidates;  ///< of a condition whose text asks for them
+  std::shared_ptr<const Alternatives> alternatives;
   Refs refs;
 };
 
@@ -93,6 +103,7 @@ struct Term {
   Refs refs;
   std::optional<Equality> link;
   bool filter = false;  ///< takes one of several equal rows, for DISTINCTROW
+  std::shared_ptr<const Alternatives> alternatives = nullptr;
 };
 
 /// One table or nested select in a chain of joins.
@@ -131,6 +142,9 @@ struct OrderTerm {
 struct Arm {
   Key key;
   UnionArm texts;
+  std::vector<int> positions;             ///< of the outputs in the table, -1 for those that are computed
+  int alternativesColumn = -1;            ///< what stands in the next comes in the order of this column
+  std::vector<std::string> alternatives;  ///< tails as in UnionArm
 };
 
 /// A bound select or union.

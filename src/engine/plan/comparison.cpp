@@ -162,12 +162,16 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool n
   if (!isText(operand) || operand.key < 0 || !pattern.constant || !pattern.constant->isText())
     return truth(text, operand, pattern);
   const text::LikePattern like(pattern.constant->text(), second ? 2 : 1, text::collator(collation));
-  text = "(" + withinBounds(operand, like, collation) + text + ")";
+  const std::string bounds = withinBounds(operand, like, collation);
+  text = "(" + bounds + text + ")";
   Bound bound = truth(text, operand, pattern);
   // Not for a column that a nested select hands out: the instance has no name out here.
   const auto table = binder.tables.find(operand.key);
   if (!nullIsFalse || table == binder.tables.end() || operand.refs != Refs{operand.key}) return bound;
   const Key& key = table->second;
+  if (!bounds.empty() && leadsIndex(*key.table, operand.position))
+    bound.alternatives =
+        std::make_shared<const Alternatives>(Alternatives{key.id, operand.position, {bound.text}});
   const std::string rows = mayMatch(key, operand.position, like);
   if (!rows.empty()) narrow(bound, {key.id, key.rowid, {rows}, text});
   return bound;

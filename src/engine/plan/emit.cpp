@@ -205,6 +205,16 @@ bool orderArms(Plan& plan, const Body& body) {
   return true;
 }
 
+/// Where the one column of the order is that of an arm's alternatives, these stand for the arm.
+void takeAlternatives(Plan& plan, const Body& body) {
+  if (plan.armsOrderColumns.size() != 1) return;
+  for (std::size_t n = 0; n < plan.arms.size(); ++n) {
+    const Arm& arm = body.arms[n];
+    const int ordered = arm.positions[plan.armsOrderColumns.front()];
+    if (ordered >= 0 && ordered == arm.alternativesColumn) plan.arms[n].tails = arm.alternatives;
+  }
+}
+
 /// Makes the plan of a union of telling arms a keyed one.
 void tellArms(Plan& plan, const Body& body) {
   const std::string alias = "q" + std::to_string(body.chain.members.front().id) + ".k";
@@ -214,6 +224,7 @@ void tellArms(Plan& plan, const Body& body) {
   }
   plan.keyed = orderArms(plan, body);
   if (plan.keyed) {
+    takeAlternatives(plan, body);
     plan.rowByKey = filterByKey(plan);
     return;
   }
@@ -223,16 +234,38 @@ void tellArms(Plan& plan, const Body& body) {
 
 /// All keys and the wanted columns of the arms, merged in their order: SQLite walks each arm's own index.
 std::string armsTogether(const Plan& plan, const std::vector<bool>& wanted) {
-  std::string text;
+  std::vector<std::string> selects;
   for (std::size_t arm = 0; arm < plan.arms.size(); ++arm) {
-    text += arm == 0 ? "SELECT " : " UNION ALL SELECT ";
+    std::string list;
     for (std::size_t n = 0; n < plan.arms.size(); ++n)
-      text += (n > 0 ? ", " : "") + (n == arm ? plan.arms[arm].rowid : std::string("NULL"));
+      list += (n > 0 ? ", " : "") + (n == arm ? plan.arms[arm].rowid : std::string("NULL"));
     for (std::size_t column = 0; column < wanted.size(); ++column)
-      text += ", " + (wanted[column] ? plan.arms[arm].columns[column] : std::string("NULL"));
-    text += plan.arms[arm].tail;
+      list += ", " + (wanted[column] ? plan.arms[arm].columns[column] : std::string("NULL"));
+    for (const std::string& tail : plan.arms[arm].tails) selects.push_back("SELECT " + list + tail);
   }
-  return text + " ORDER BY " + plan.armsOrder;
+  return joined(selects, " UNION ALL ") + " ORDER BY " + plan.armsOrder;
+}
+
+/// The rowid and `wanted` (each with ", " before it) of a table's rows, its alternatives merged in the order.
+std::string alternativesTogether(const Plan& plan, const std::string& wanted, std::size_t columns) {
+  std::vector<std::string> selects;
+  for (const std::string& tail : plan.alternatives)
+    selects.push_back("SELECT " + rowids(plan) + wanted + ", " + plan.mergedBy + tail);
+  return joined(selects, " UNION ALL ") + " ORDER BY " + std::to_string(columns + 2) + plan.mergedDirection +
+         ", 1" + plan.mergedDirection;
+}
+
+/// Where a condition of alternatives stands in a select on one table in the order that they have, notes them.
+void noteAlternatives(Plan& plan, const Body& body) {
+  if (body.order.size() != 1 || !body.keyed() || !body.repeats.empty()) return;
+  int column = -1;
+  std::vector<std::string> tails = alternativeTails(body, column);
+  const OrderTerm& order = body.order.front();
+  if (tails.empty() || order.value.key != body.chain.members[0].id || order.value.position != column) return;
+  plan.alternatives = std::move(tails);
+  plan.mergedBy = value(order.value);
+  if (!order.value.collation.empty()) plan.mergedBy += " COLLATE " + schema::quoteName(order.value.collation);
+  plan.mergedDirection = order.descending ? " DESC" : "";
 }
 
 std::vector<bool> withOrderColumns(const Plan& plan, std::vector<bool> wanted) {
@@ -275,6 +308,7 @@ Plan finish(Binder& binder, Body body) {
     plan.rowByKey = onlyTables(body.chain) ? lookUpByKey(body.chain, plan.selectList, plan.parameters.size())
                                            : filterByKey(plan);
   if (!body.arms.empty() && !nested && !plan.limit && !plan.distinct) tellArms(plan, body);
+  if (plan.keyed && body.arms.empty() && !plan.limit && !plan.distinct) noteAlternatives(plan, body);
   plan.scope = std::make_shared<const Scope>(Scope{std::move(body.outputs), body.file});
   return plan;
 }
@@ -287,6 +321,8 @@ std::string emitKeys(const Plan& plan, const std::string& extraWhere, bool backw
   requireKeys(plan);
   if (!plan.arms.empty() && extraWhere.empty() && !backwards)
     return armsTogether(plan, withOrderColumns(plan, std::vector<bool>(plan.columns.size(), false)));
+  if (!plan.alternatives.empty() && extraWhere.empty() && !backwards)
+    return alternativesTogether(plan, {}, 0);
   if (!backwards) return forward(plan, rowids(plan), extraWhere);
   return statement(plan, rowids(plan), withinLimit(plan, extraWhere), plan.orderByBackwards);
 }
@@ -295,6 +331,8 @@ std::string emitKeysAndRows(const Plan& plan, const std::string& extraWhere) {
   requireKeys(plan);
   if (!plan.arms.empty() && extraWhere.empty())
     return armsTogether(plan, std::vector<bool>(plan.columns.size(), true));
+  if (!plan.alternatives.empty() && extraWhere.empty())
+    return alternativesTogether(plan, ", " + plan.selectList, plan.columns.size());
   return forward(plan, rowids(plan) + ", " + plan.selectList, extraWhere);
 }
 
@@ -302,10 +340,12 @@ std::string emitKeysAndSome(const Plan& plan, const std::vector<bool>& wanted,
                             const std::string& extraWhere) {
   requireKeys(plan);
   if (!plan.arms.empty() && extraWhere.empty()) return armsTogether(plan, withOrderColumns(plan, wanted));
-  std::string list = rowids(plan);
+  std::string list;
   for (std::size_t i = 0; i < plan.scope->columns.size(); ++i)
     list += ", " + (wanted[i] ? value(plan.scope->columns[i].value) : std::string("NULL"));
-  return forward(plan, list, extraWhere);
+  if (!plan.alternatives.empty() && extraWhere.empty())
+    return alternativesTogether(plan, list, plan.scope->columns.size());
+  return forward(plan, rowids(plan) + list, extraWhere);
 }
 
 std::string emitRowByKey(const Plan& plan) {

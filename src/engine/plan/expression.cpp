@@ -131,6 +131,8 @@ Bound logical(const std::string& op, const Bound& a, const Bound& b) {
     either.condition = "(" + either.condition + " OR " + b.candidates->condition + ")";
     narrow(bound, std::move(either));
   }
+  if (op == "OR") noteEither(a, b, bound);
+  if (op == "AND") noteBoth(a, b, bound);
   return bound;
 }
 
@@ -149,7 +151,11 @@ Bound bindBinary(Binder& binder, const Level& level, const sql::Expr& expr, bool
   binder.nullIsFalse = still;
   const Bound b = bindExpression(binder, level, *expr.args[1]);
   if (isLogical(expr.op)) return logical(expr.op, a, b);
-  if (isComparison(expr.op)) return compare(level, a, expr.op, b);
+  if (isComparison(expr.op)) {
+    Bound bound = compare(level, a, expr.op, b);
+    if (nullIsFalse) noteKept(binder, a, b, bound);
+    return bound;
+  }
   if (expr.op == "&") return concatenation(a, b);
   return arithmetic(expr.op, a, b);
 }

@@ -224,7 +224,7 @@ void bindTerms(Binder& binder, const Level& level, const sql::Expr& expr, std::v
   binder.nullIsFalse = true;
   const Bound bound = bindExpression(binder, level, expr);
   if (bound.aggregate) refuse("An aggregate can not stand in a condition on rows");
-  terms.push_back({condition(bound), bound.refs, bound.link, false});
+  terms.push_back({condition(bound), bound.refs, bound.link, false, bound.alternatives});
 }
 
 }  // namespace engine::plan

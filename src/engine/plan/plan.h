@@ -60,7 +60,8 @@ struct Link {
 /// One select of a union whose rows are told apart; SQLite text.
 struct UnionArm {
   std::vector<std::string> columns;
-  std::string rowid, tail;  ///< the tail from " FROM " on
+  std::string rowid;
+  std::vector<std::string> tails;  ///< from " FROM " on: the rows of the arm are those of all tails together
 };
 
 struct Scope;  // the names that a criterion over the plan may use
@@ -93,6 +94,10 @@ struct Plan {
   std::vector<UnionArm> arms;
   std::string armsOrder;                      ///< of the arms as one compound; columns stand by their numbers
   std::vector<std::size_t> armsOrderColumns;  ///< that have to be read for it
+  /// Of one table, in the order of one column, with a condition of alternatives that have an index each: what
+  /// stands behind " FROM ", once for each. No row is in two of them.
+  std::vector<std::string> alternatives;
+  std::string mergedBy, mergedDirection;  ///< the column, and " DESC" or nothing
 };
 
 /// Binds a select (with its UNION arms and stored queries). Throws 3078 for a missing table, 3061-free:

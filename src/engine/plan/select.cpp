@@ -201,8 +201,10 @@ Arm tellingArm(const Body& body, bool first) {
   Arm arm;
   arm.key = body.chain.members[0].keys[0];
   arm.texts.rowid = arm.key.rowid;
-  arm.texts.tail = bodyTail(body);
+  arm.texts.tails = {bodyTail(body)};
+  arm.alternatives = alternativeTails(body, arm.alternativesColumn);
   for (const Column& column : body.outputs) {
+    arm.positions.push_back(column.value.key == arm.key.id ? column.value.position : -1);
     std::string text = value(column.value);
     if (first && !column.value.collation.empty())
       text += " COLLATE " + schema::quoteName(column.value.collation);

@@ -61,6 +61,9 @@ class Catalog {
                                     const std::vector<std::string>& /*grams*/) const {
     return {};
   }
+  /// The column in whose order the file keeps an index of the table's rows that meet a condition, as SQLite
+  /// text with bare quoted names; -1 when there is no such index.
+  virtual int keptInOrderOf(const Table& /*table*/, const std::string& /*condition*/) const { return -1; }
   /// Raised with every change of a definition.
   virtual std::int64_t version() const = 0;
 };

@@ -68,6 +68,13 @@ std::string AttachedFile::rowsWithGrams(const schema::Table& table, int column,
   return {};
 }
 
+int AttachedFile::keptInOrderOf(const schema::Table& table, const std::string& condition) const {
+  for (const WatchRecord& watch : data_.watches)
+    if (watch.table == table.name && watch.text == condition && !watch.order.empty())
+      return table.find(watch.order);
+  return -1;
+}
+
 const schema::Table& AttachedFile::existingTable(std::string_view name) const {
   if (const schema::Table* found = table(name)) return *found;
   throw Error(errors::inputNotFound, "There is no table \"" + std::string(name) + "\" in " + path_ + ".");

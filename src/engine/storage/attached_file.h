@@ -31,6 +31,7 @@ class AttachedFile final : public schema::Catalog {
   const schema::StoredQuery* query(std::string_view name) const override;
   std::string rowsWithGrams(const schema::Table& table, int column,
                             const std::vector<std::string>& grams) const override;
+  int keptInOrderOf(const schema::Table& table, const std::string& condition) const override;
   std::int64_t version() const override { return version_; }
 
   Connection& connection() const { return connection_; }

@@ -35,7 +35,7 @@ constexpr std::array hiddenTables = {
     R"("vc$permission"("container" TEXT NOT NULL, "document" TEXT NOT NULL, "user" TEXT NOT NULL,
        "permissions" INTEGER NOT NULL, PRIMARY KEY("container", "document", "user")) WITHOUT ROWID)",
     R"("vc$watch"("tableName" TEXT NOT NULL, "condition" TEXT NOT NULL, "text" TEXT NOT NULL,
-       PRIMARY KEY("tableName", "condition")) WITHOUT ROWID)",
+       "order" TEXT NOT NULL DEFAULT '', PRIMARY KEY("tableName", "condition")) WITHOUT ROWID)",
     R"("vc$text"("tableName" TEXT PRIMARY KEY, "columns" TEXT NOT NULL, "lastRow" INTEGER NOT NULL,
        "rules" TEXT NOT NULL) WITHOUT ROWID)",
 };
@@ -160,11 +160,13 @@ void readOthers(sqlite3* connection, const std::string& schemaName, CatalogData&
                                 std::string(permissions.text(2)),
                                 static_cast<std::int32_t>(permissions.integer(3))});
   }
-  Statement watches(connection,
-                    "SELECT \"tableName\", \"condition\", \"text\" FROM " + hidden(schemaName, "vc$watch"));
+  // Files up to format 2 know no order of kept rows.
+  const char* order = data.format < 3 ? "''" : "\"order\"";
+  Statement watches(connection, std::string("SELECT \"tableName\", \"condition\", \"text\", ") + order +
+                                    " FROM " + hidden(schemaName, "vc$watch"));
   while (watches.step()) {
-    data.watches.push_back(
-        {std::string(watches.text(0)), std::string(watches.text(1)), std::string(watches.text(2))});
+    data.watches.push_back({std::string(watches.text(0)), std::string(watches.text(1)),
+                            std::string(watches.text(2)), std::string(watches.text(3))});
   }
 }
 
@@ -194,6 +196,16 @@ void createCatalog(sqlite3* connection, const std::string& schemaName) {
   for (const char* definition : hiddenTables) {
     runStatement(connection, "CREATE TABLE " + schema::quoteName(schemaName) + "." + definition);
   }
+}
+
+void completeCatalog(sqlite3* connection, const std::string& schemaName, CatalogData& data) {
+  if (data.format == formatVersion) return;
+  if (!isThere(connection, schemaName, "vc$text"))
+    runStatement(connection, "CREATE TABLE " + schema::quoteName(schemaName) + "." + hiddenTables.back());
+  runStatement(connection, "ALTER TABLE " + hidden(schemaName, "vc$watch") +
+                               " ADD COLUMN \"order\" TEXT NOT NULL DEFAULT ''");
+  data.format = formatVersion;
+  writeFileValue(connection, schemaName, "format", std::to_string(data.format));
 }
 
 CatalogData readCatalog(sqlite3* connection, const std::string& schemaName) {
@@ -268,8 +280,6 @@ void eraseTable(sqlite3* connection, const std::string& schemaName, const std::s
 }
 
 void writeTextIndex(sqlite3* connection, const std::string& schemaName, const TextIndexRecord& record) {
-  if (!isThere(connection, schemaName, "vc$text"))
-    runStatement(connection, "CREATE TABLE " + schema::quoteName(schemaName) + "." + hiddenTables.back());
   std::string columns;
   for (const std::string& column : record.columns) columns += (columns.empty() ? "" : "\n") + column;
   runStatement(connection,
@@ -323,8 +333,8 @@ void writePermission(sqlite3* connection, const std::string& schemaName, const P
 
 void writeWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch) {
   runStatement(connection,
-               "INSERT OR REPLACE INTO " + hidden(schemaName, "vc$watch") + " VALUES (?1, ?2, ?3)",
-               {watch.table, watch.condition, watch.text});
+               "INSERT OR REPLACE INTO " + hidden(schemaName, "vc$watch") + " VALUES (?1, ?2, ?3, ?4)",
+               {watch.table, watch.condition, watch.text, watch.order});
 }
 
 void eraseWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch) {

@@ -17,7 +17,7 @@ struct sqlite3;
 namespace engine::storage {
 
 /// Raised when a file's hidden tables or the form of its rows change; a file of a later number is refused.
-inline constexpr int formatVersion = 2;
+inline constexpr int formatVersion = 3;
 
 struct RelationRecord {
   std::string name, table, foreignTable, field, foreignField;
@@ -37,8 +37,9 @@ struct PermissionRecord {
 /// Rows of a table that meet a condition are kept in an index of their own.
 struct WatchRecord {
   std::string table;
-  std::string condition;  ///< of the dialect, as it was given
-  std::string text;       ///< the same for SQLite, column names bare and quoted
+  std::string condition;   ///< of the dialect, as it was given
+  std::string text;        ///< the same for SQLite, column names bare and quoted
+  std::string order = {};  ///< the column in whose order they are kept; empty for any
 };
 
 /// Texts of a table that has a counter are kept in an index of trigrams; see text_index.h.
@@ -75,6 +76,8 @@ struct LaterFormat : Error {
 
 /// Makes the hidden tables in an empty attached file.
 void createCatalog(sqlite3* connection, const std::string& schemaName);
+/// Makes what the hidden tables of a file of an earlier format lack, and notes the present one.
+void completeCatalog(sqlite3* connection, const std::string& schemaName, CatalogData& data);
 /// Throws 3343 when the hidden tables are missing, damaged, or of a later program.
 CatalogData readCatalog(sqlite3* connection, const std::string& schemaName);
 /// Replaces the content of the hidden tables by `data`.
@@ -95,7 +98,7 @@ void eraseProperty(sqlite3* connection, const std::string& schemaName, const Pro
 void writePermission(sqlite3* connection, const std::string& schemaName, const PermissionRecord& permission);
 void writeWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
 void eraseWatch(sqlite3* connection, const std::string& schemaName, const WatchRecord& watch);
-/// Or replaces; makes the hidden table in a file that is older than it.
+/// Or replaces.
 void writeTextIndex(sqlite3* connection, const std::string& schemaName, const TextIndexRecord& record);
 void eraseTextIndex(sqlite3* connection, const std::string& schemaName, const std::string& table);
 void writeFileValue(sqlite3* connection, const std::string& schemaName, const std::string& key,

@@ -330,7 +330,8 @@ void AttachedFile::dropColumn(std::string_view table, std::string_view column) {
     }
     std::erase_if(next.watches, [&](const WatchRecord& watch) {
       const bool goes =
-          watch.table == target.name && watch.text.find(quoteName(dropped.name)) != std::string::npos;
+          watch.table == target.name && (watch.text.find(quoteName(dropped.name)) != std::string::npos ||
+                                         base::equalsIgnoreCase(watch.order, dropped.name));
       if (goes) eraseWatch(connection_.handle(), schemaName_, watch);
       return goes;
     });

@@ -137,13 +137,22 @@ void AttachedFile::setPermission(const PermissionRecord& permission) {
 }
 
 void AttachedFile::appendWatch(const WatchRecord& watch) {
+  const schema::Table& table = existingTable(watch.table);
+  if (!watch.order.empty() && table.find(watch.order) < 0)
+    throw Error(errors::itemNotFound,
+                "The table \"" + table.name + "\" has no field \"" + watch.order + "\".");
+  const auto isIt = [&](const WatchRecord& other) {
+    return other.table == table.name && other.condition == watch.condition &&
+           base::equalsIgnoreCase(other.order, watch.order);
+  };
+  if (std::any_of(data_.watches.begin(), data_.watches.end(), isIt)) return;
   change([&](CatalogData& next) {
     WatchRecord made = watch;
     made.table = existingTable(watch.table).name;
-    const auto isIt = [&](const WatchRecord& other) {
+    std::erase_if(next.watches, [&](const WatchRecord& other) {
       return other.table == made.table && other.condition == made.condition;
-    };
-    if (std::any_of(next.watches.begin(), next.watches.end(), isIt)) return;
+    });
+    completeCatalog(connection_.handle(), schemaName_, next);
     next.watches.push_back(made);
     writeWatch(connection_.handle(), schemaName_, made);
     syncIndexes(next, existingTable(made.table));
@@ -170,10 +179,9 @@ void AttachedFile::appendTextIndex(const TextIndexRecord& record) {
   if (known != data_.texts.end() && known->columns == made.columns) return;
   change([&](CatalogData& next) {
     forgetTextIndex(next, made.table, true);
+    completeCatalog(connection_.handle(), schemaName_, next);
     next.texts.push_back(made);
-    next.format = formatVersion;
     writeTextIndex(connection_.handle(), schemaName_, made);
-    writeFileValue(connection_.handle(), schemaName_, "format", std::to_string(next.format));
   });
 }
 

@@ -39,6 +39,7 @@ bool leads(const schema::Table& table, const std::string& column) {
 // A condition on one field is looked up by that field, which beats walking any order; others by the key, so
 // that their rows come in its order.
 std::string watchedColumn(const schema::Table& table, const WatchRecord& watch) {
+  if (!watch.order.empty()) return watch.order;
   std::string only;
   for (const schema::Column& column : table.columns) {
     if (watch.text.find(quoteName(column.name)) == std::string::npos) continue;
