@@ -3,133 +3,24 @@
 //
 // usage: bench_dictionary [folder] [entries]   the folder keeps the made dictionaries between runs
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <random>
 
 #include "base/text.h"
 #include "browse/commands.h"
 #include "browse/frmSearch.h"
-#include "cli/console_desk.h"
-#include "exchange/frmImportExternalDB.h"
 #include "plain.h"
+#include "program.h"
 #include "publish/frmPrint.h"
-#include "shell/frame/firstent.h"
-#include "shell/frame/frmMDI.h"
-#include "store/close.h"
+#include "words.h"
 
 namespace bench {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Word {
-  std::string headword, meaning;
-};
-
-/// Words made of syllables, the same in every run; gives the n-th one at the n-th call.
-class WordMaker {
- public:
-  Word next() {
-    static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
-                                      "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
-                                      "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
-    std::string text;
-    for (std::size_t s = 2 + random_() % 4; s > 0; --s) text += syllables[random_() % std::size(syllables)];
-    return {text + std::to_string(made_++), "sense of " + text};
-  }
-
- private:
-  std::mt19937 random_{7};
-  std::size_t made_ = 0;
-};
-
-std::vector<Word> makeWords(std::size_t count) {
-  WordMaker maker;
-  std::vector<Word> words(count);
-  std::generate(words.begin(), words.end(), [&] { return maker.next(); });
-  return words;
-}
-
-/// Twenty headwords, spread over the list.
-std::vector<std::string> headwordsToFind(std::size_t count) {
-  WordMaker maker;
-  std::vector<std::string> headwords;
-  for (std::size_t n = 1; n <= count && headwords.size() < 20; ++n) {
-    const Word word = maker.next();
-    if (n % (count / 21) == 0) headwords.push_back(word.headword);
-  }
-  return headwords;
-}
-
-void writeWordList(const std::string& path, const std::vector<Word>& words) {
-  std::ofstream file(path, std::ios::binary);
-  file << "headword;meaning\n";
-  for (const Word& word : words) file << word.headword << ';' << word.meaning << '\n';
-}
-
-[[noreturn]] void stop(const std::string& what) {
-  std::fprintf(stderr, "bench: %s failed\n", what.c_str());
-  std::exit(1);
-}
-
-/// The program as a shell command runs it, in a home of its own.
-struct Program {
-  explicit Program(const std::string& folder) : console(true, {}), session(console.desk()), frame(session) {
-    setenv("APPDATA", (folder + "/home").c_str(), 1);
-    const std::string program = fs::read_symlink("/proc/self/exe").parent_path().parent_path().string();
-    if (!frame::frmStart_Load(session, program) || !frame::frmMDI_Initialize(frame) ||
-        !frame::frmMDI_Load(frame))
-      stop("the start");
-    session.shell.entryDisplayed = false;
-  }
-  void open(const std::string& path) {
-    console.answerFileDialog({path});
-    if (!frame::mnuOpen(frame)) stop("opening " + path);
-  }
-  void close() { store::CloseCurrentDB(session); }
-
-  cli::Console console;
-  session::Session session;
-  frame::frmMDI frame;
-};
-
-void makeDictionary(Program& program, const std::string& path) {
-  program.console.onForm("frmChooseDBType", [](platform::Form& shown) {
-    frame::choosePanel(dynamic_cast<frame::frmChooseDBType&>(shown), 1);
-  });
-  program.console.onForm("firstent", [](platform::Form& shown) {
-    auto& wizard = dynamic_cast<frame::firstent&>(shown);
-    wizard.sourceLanguage = "Deutsch";
-    wizard.targetLanguage = "Englisch";
-    wizard.description = "Benchmark";
-    wizard.sortOrder = wizard.sortOrders.front();
-    frame::finish(wizard);
-  });
-  program.console.onForm("frmEintrag", [](platform::Form&) {});
-  program.console.answerFileDialog({path});
-  if (!frame::mnuNew(program.frame)) stop("making " + path);
-}
-
-void importList(Program& program, const std::string& list) {
-  program.console.answerFileDialog({list});
-  program.console.onForm("frmTextImport", [](platform::Form& shown) {
-    exchange::accept(dynamic_cast<exchange::frmTextImport&>(shown));
-  });
-  program.console.onForm("frmImportExternalDB", [](platform::Form& shown) {
-    auto& form = dynamic_cast<exchange::frmImportExternalDB&>(shown);
-    exchange::mapColumn(form, exchange::Target::Begriff, 0);
-    exchange::mapColumn(form, exchange::Target::Wortbedeutung, 1);
-    exchange::importRows(form);
-  });
-  if (!exchange::importTextFormat(program.session)) stop("importing " + list);
-}
 
 double bareInserts(const std::string& path, const std::vector<Word>& words) {
   PlainFile file(path, true);
@@ -234,25 +125,6 @@ void importAndPublish(const std::string& folder, std::size_t count) {
   program.close();
 }
 
-/// Made by a process of its own: its memory is not what is measured here.
-void makeLarge(const std::string& folder, const std::string& path, std::size_t count) {
-  if (fs::exists(path)) return;
-  const pid_t child = fork();
-  if (child == 0) {
-    const std::string list = folder + "/large.txt";
-    writeWordList(list, makeWords(count));
-    {
-      Program program(folder);
-      makeDictionary(program, path);
-      importList(program, list);
-      program.close();
-    }
-    std::_Exit(0);
-  }
-  int status = 0;
-  if (child < 0 || waitpid(child, &status, 0) != child || status != 0) stop("making " + path);
-}
-
 struct Opening {
   double firstPage = 0, page = 0, find = 0;
   double asPage = 0;  ///< showing the entry that a row stands for
@@ -320,7 +192,7 @@ Opening openAndFind(const std::string& folder, const std::string& path, std::siz
   result.asPage = selectRows(program);
   const std::string headword = headwordsToFind(count).back();
   result.goTo = goTo(program, headword);
-  result.search = searchContains(program, headword.substr(headword.size() / 2));
+  result.search = searchContains(program, base::right(headword, base::length(headword) / 2));
   program.close();
   return result;
 }
@@ -340,9 +212,7 @@ void openToClosed(const std::string& folder, const std::string& path) {
 }
 
 void openLarge(const std::string& folder, std::size_t count) {
-  const std::string small = folder + "/SMALL.CVB", large = folder + "/LARGE" + std::to_string(count) + ".CVB";
-  makeLarge(folder, small, 10000);
-  makeLarge(folder, large, count);
+  const std::string small = importedDictionary(folder, 10000), large = importedDictionary(folder, count);
   const Opening few = openAndFind(folder, small, 10000);
   const Opening many = openAndFind(folder, large, count);
   report("opening, count and first page at " + std::to_string(count), many.firstPage * 1000, "ms", "300 ms");

@@ -14,6 +14,7 @@
 
 #include "engine/workspace.h"
 #include "plain.h"
+#include "words.h"
 
 namespace bench {
 
@@ -30,19 +31,7 @@ bool ordered = false;
 
 /// The headword of the n-th entry, the same in every run.
 std::string headword(std::int64_t n) {
-  if (ordered) return "wort" + std::to_string(10'000'000 + n);
-  static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
-                                    "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
-                                    "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
-  std::uint64_t bits = (static_cast<std::uint64_t>(n) + 1) * 0x9e3779b97f4a7c15U;
-  bits = (bits ^ (bits >> 31)) * 0xbf58476d1ce4e5b9U;
-  bits ^= bits >> 29;
-  std::string word;
-  for (std::uint64_t syllable = 2 + bits % 4; syllable > 0; --syllable) {
-    bits >>= 8;
-    word += syllables[bits % std::size(syllables)];
-  }
-  return word + std::to_string(n);
+  return ordered ? "wort" + std::to_string(10'000'000 + n) : scatteredWord(static_cast<std::uint64_t>(n));
 }
 
 /// The memory that making the files took is not counted.
@@ -131,11 +120,6 @@ void makePlainFile(const std::string& path, std::int64_t count) {
     insert.run();
   }
   file.run("COMMIT");
-}
-
-[[noreturn]] void stop(const char* what) {
-  std::fprintf(stderr, "bench: wrong result: %s\n", what);
-  std::exit(1);
 }
 
 /// The middle of several runs, each over files opened anew.

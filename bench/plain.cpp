@@ -84,6 +84,11 @@ void PlainFile::run(const std::string& statement) {
   check(connection_, sqlite3_exec(connection_, statement.c_str(), nullptr, nullptr, nullptr));
 }
 
+void stop(const std::string& what) {
+  std::fprintf(stderr, "bench: %s failed\n", what.c_str());
+  std::exit(1);
+}
+
 double now() {
   return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }

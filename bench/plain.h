@@ -43,6 +43,8 @@ class PlainFile {
   sqlite3* connection_ = nullptr;
 };
 
+/// Ends the process: what was to be measured did not work.
+[[noreturn]] void stop(const std::string& what);
 /// Seconds on a steady clock.
 double now();
 /// The most memory that this process has held so far, in MiB.

@@ -10,12 +10,12 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <random>
 #include <vector>
 
 #include "engine/text_index.h"
 #include "engine/workspace.h"
 #include "plain.h"
+#include "words.h"
 
 namespace bench {
 
@@ -28,28 +28,6 @@ constexpr int encrypted = 2;
 engine::Workspace workspace() {
   return engine::Workspace({"", "VocariumUser", "built-in", "", false});
 }
-
-[[noreturn]] void stop(const std::string& what) {
-  std::fprintf(stderr, "bench: %s\n", what.c_str());
-  std::exit(1);
-}
-
-/// Words made of syllables, the same in every run.
-class TextMaker {
- public:
-  std::string word() {
-    static const char* syllables[] = {"ba",  "ler",   "schu", "rin", "täg",  "lich", "ver",  "ste",
-                                      "hen", "wur",   "zel",  "mög", "keit", "hand", "werk", "stü",
-                                      "ck",  "nacht", "o",    "fen", "glas", "tür",  "a",    "bend"};
-    std::string text;
-    for (std::size_t s = 2 + random_() % 4; s > 0; --s) text += syllables[random_() % std::size(syllables)];
-    return text;
-  }
-  std::size_t number(std::size_t below) { return random_() % below; }
-
- private:
-  std::mt19937 random_{7};
-};
 
 /// A dictionary without an index, and its search texts and notes as lines.
 void makeFiles(const std::string& dictionary, const std::string& lines, std::size_t count) {
@@ -67,7 +45,7 @@ void makeFiles(const std::string& dictionary, const std::string& lines, std::siz
     database.Execute(statement);
   std::ofstream out(lines, std::ios::binary);
   engine::Recordset entries = database.OpenRecordset("Woerterbuch");
-  TextMaker maker;
+  WordMaker maker;
   for (std::size_t n = 0; n < count; ++n) {
     const std::string word = maker.word() + std::to_string(n);
     std::string text = "//" + word + "////";
@@ -107,7 +85,7 @@ Found grep(const std::string& lines, const std::string& text) {
   const double start = now();
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
   long rows = -1;
-  if (!pipe || std::fscanf(pipe.get(), "%ld", &rows) != 1) stop("grep failed");
+  if (!pipe || std::fscanf(pipe.get(), "%ld", &rows) != 1) stop("grep");
   return {now() - start, rows};
 }
 
@@ -131,7 +109,7 @@ Found search(engine::Database& database, const std::string& text) {
   found.rows = rows.RecordCount();
   const std::size_t bytes = readPage(rows);
   found.seconds = now() - start;
-  if ((bytes > 0) != (found.rows > 0)) stop("the search gave no headwords");
+  if ((bytes > 0) != (found.rows > 0)) stop("showing what was found");
   return found;
 }
 
@@ -141,7 +119,7 @@ double goTo(engine::Database& database, const std::string& start) {
       "Select id_woerterbuch,id_woerterbuch1,begriff,databasename from Woerterbuch where begriff like \"" +
           start + "%\" order by begriff",
       engine::RecordsetKind::dynaset, {}, engine::Interface::second);
-  if (rows.RecordCount() == 0 || readPage(rows) == 0) stop("go-to found nothing");
+  if (rows.RecordCount() == 0 || readPage(rows) == 0) stop("going to " + start);
   return now() - from;
 }
 
@@ -189,7 +167,7 @@ void searches(const std::string& indexed, const std::string& plainFile, const st
                            "stückwerk", "nachtglas", "verste", "ab"}) {
     const Found theirs = middle([&] { return grep(lines, text); });
     const Found ours = middle([&] { return search(database, text); });
-    if (ours.rows != theirs.rows) stop("grep and search differ on " + std::string(text));
+    if (ours.rows != theirs.rows) stop("finding what grep finds of " + std::string(text));
     const bool isShort = std::string(text).size() < 3;
     report("\"" + std::string(text) + "\", " + std::to_string(ours.rows) + " hits", ours.seconds,
            theirs.seconds, ours.rows < 300 && !isShort ? "0.1" : "");

@@ -7,15 +7,10 @@
 #include <functional>
 
 #include "browse/frmFilter.h"
-#include "cli/console_desk.h"
 #include "plain.h"
-#include "shell/frame/frmMDI.h"
-#include "shell/session/texts.h"
-#include "store/close.h"
-#include "store/create.h"
-#include "store/locale.h"
+#include "program.h"
 #include "store/open.h"
-#include "store/settings_row.h"
+#include "words.h"
 
 namespace bench {
 
@@ -25,45 +20,26 @@ namespace {
 
 constexpr int catalogueSize = 20;
 
-[[noreturn]] void stop(const std::string& what) {
-  std::fprintf(stderr, "bench: %s failed\n", what.c_str());
-  std::exit(1);
-}
-
-/// The program without windows, in a home of its own.
-struct Program {
-  explicit Program(const std::string& folder) : console(true, {}), session(console.desk()), frame(session) {
-    setenv("APPDATA", (folder + "/home").c_str(), 1);
-    const std::string program = fs::read_symlink("/proc/self/exe").parent_path().parent_path().string();
-    if (!frame::frmStart_Load(session, program) || !frame::frmMDI_Initialize(frame) ||
-        !frame::frmMDI_Load(frame))
-      stop("the start");
-    session.shell.entryDisplayed = false;
-  }
-  cli::Console console;
-  session::Session session;
-  frame::frmMDI frame;
-};
-
-/// Spreads the numbers over the alphabet, so that headwords lie in no order in the file.
-std::string headword(std::uint64_t n) {
-  std::uint64_t mixed = n * 0x9e3779b97f4a7c15U;
-  std::string text;
-  for (int letter = 0; letter < 7; ++letter, mixed /= 26) text += static_cast<char>('a' + mixed % 26);
-  return text + std::to_string(n);
-}
-
-/// Every entry has a property, every third one a subject field, each of its own catalogue of twenty.
-void fill(engine::Database& file, std::int64_t count, const std::string& path) {
+/// A catalogue of twenty items in place of the standard one.
+void fillCatalogue(engine::Database& file, const std::string& table, const std::string& key,
+                   const std::string& name) {
+  file.Execute("delete * from " + table);
   for (int n = 1; n <= catalogueSize; ++n) {
-    file.Execute("insert into WKategorie (Kategorie) values ('p" + std::to_string(n) + "')");
-    file.Execute("insert into WSachgebiet (Sachgebiet) values ('s" + std::to_string(n) + "')");
+    const std::string number = std::to_string(n);
+    file.Execute("insert into " + table + " (" + key + ", " + name + ") values (" + number + ", 'item " +
+                 number + "')");
   }
+}
+
+/// Every entry has a property, every third one a subject field.
+void fill(engine::Database& file, std::int64_t count, const std::string& path) {
+  fillCatalogue(file, "WKategorie", "ID_WKategorie", "Kategorie");
+  fillCatalogue(file, "WSachgebiet", "ID_Sachgebiet", "Sachgebiet");
   auto entries = file.OpenRecordset("Woerterbuch", engine::RecordsetKind::table);
   auto properties = file.OpenRecordset("relWoertWKat", engine::RecordsetKind::table);
   auto subjects = file.OpenRecordset("relWoertSachgebiet", engine::RecordsetKind::table);
   for (std::int64_t n = 1; n <= count; ++n) {
-    const std::string word = headword(static_cast<std::uint64_t>(n));
+    const std::string word = scatteredWord(static_cast<std::uint64_t>(n));
     entries.AddNew();
     entries.set("ID_Woerterbuch1", n);
     entries.set("Begriff", word);
@@ -87,20 +63,9 @@ void fill(engine::Database& file, std::int64_t count, const std::string& path) {
 void make(const std::string& folder, const std::string& path, std::int64_t count) {
   if (fs::exists(path)) return;
   Program program(folder);
-  auto& s = program.session;
-  s.project.FontFrom = s.project.FontTo = s.project.FontRemark = s.project.PhoneticFont = "Arial";
-  store::NewLocalDB(s, path);
-  store::NewSettings settings;
-  settings.sourceLanguage = "Deutsch";
-  settings.targetLanguage = "Englisch";
-  settings.description = "Benchmark";
-  settings.sortOrder = store::sortOrderCaptions(s).front();
-  settings.dateFormat = "yyyy";
-  store::prepareMediaFolder(s, false);
-  store::writeSettingsRow(s, settings);
-  s.files.OpenDBCount = 1;
-  fill(s.files.CurrentDB, count, s.files.CurrentDBPath);
-  store::CloseCurrentDB(s);
+  makeDictionary(program, path);
+  fill(program.session.files.CurrentDB, count, program.session.files.CurrentDBPath);
+  program.close();
 }
 
 void timed(const std::string& what, const std::string& aim, const std::function<bool()>& work) {
@@ -113,8 +78,7 @@ void filterOne(const std::string& folder, std::int64_t count) {
   const std::string path = folder + "/filter" + std::to_string(count) + ".cvb";
   make(folder, path, count);
   Program program(folder);
-  program.console.answerFileDialog({path});
-  if (!frame::mnuOpen(program.frame)) stop("opening");
+  program.open(path);
   browse::frmFilter& dialog = program.frame.filter;
   browse::frmWoerter& browser = *program.frame.browsers.front().form;
   browse::Form_Activate(dialog);
@@ -126,7 +90,7 @@ void filterOne(const std::string& folder, std::int64_t count) {
   });
   browse::resetFilter(dialog);
   program.session.files.DBOpen = false;  // as it was; compacting it is not measured
-  store::CloseCurrentDB(program.session);
+  program.close();
 }
 
 void openFive(const std::string& folder, std::int64_t count) {
@@ -149,7 +113,7 @@ void openFive(const std::string& folder, std::int64_t count) {
   timed("the first page of their list, with the count", "2 s", firstPage);
   timed("the same in a second browser", "2 s", firstPage);
   report("memory", peakMemory(), "MiB", "");
-  store::CloseCurrentDB(s);
+  program.close();
 }
 
 }  // namespace
