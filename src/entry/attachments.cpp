@@ -48,7 +48,7 @@ void clearBoxes(frmEintrag& form) {
 fs::path chosenFile(const frmEintrag& form) {
   const std::string text = base::trim(form.attachmentFileBox);
   const base::Paths& paths = form.session.files.paths;
-  if (text.empty() || !paths.exists(text))
+  if (text.empty() || !fs::is_regular_file(paths.real(text)))
     throw base::Error(engine::errors::fileNotFound,
                       session::dialogText(form.session, dialog::file_missing) + " " + text);
   return fs::absolute(paths.real(text)).lexically_normal();
@@ -97,12 +97,14 @@ bool store(frmEintrag& form) {
   const fs::path source = chosenFile(form);
   if (!form.attachmentIsCopied) {
     writeRow(form, source.string());
+    session::commitGathered(form.session);
     return true;
   }
   const Placed placed = placeInFolder(form, source);
   if (placed.refused) return false;
   try {
     writeRow(form, placed.target.filename().string());
+    session::commitGathered(form.session);
   } catch (...) {
     std::error_code ignored;
     if (placed.made) fs::remove(placed.target, ignored);
@@ -190,9 +192,10 @@ bool mnuDeleteAttachment(frmEintrag& form) {
     engine::Recordset rows = openForWriting(form);
     placeOn(rows, form.SelectedAttachmentId);
     const AttachmentRow row = readRow(rows);
+    rows.Delete();
+    session::commitGathered(form.session);
     if (!row.file.empty() && liesInDictionaryFolder(row.file) && !isUsedElsewhere(form, row))
       deleteFile(form.session, row.file);
-    rows.Delete();
     if (form.EditedAttachmentId == row.id) clearBoxes(form);
     AttachmentRefill(form);
   });

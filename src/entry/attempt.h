@@ -9,7 +9,8 @@
 namespace entry {
 
 /// Runs one step of a command that goes on after a failure: the failure is reported under the form's name.
-/// A step may return bool to say so itself. Returns whether it succeeded.
+/// A step may return bool to say so itself. Returns whether it succeeded. A full disk is thrown on: it has
+/// undone the steps before and would fail those behind.
 template <class FormWithSession, class Step>
 bool attempt(FormWithSession& form, Step&& step) {
   try {
@@ -20,7 +21,9 @@ bool attempt(FormWithSession& form, Step&& step) {
       return true;
     }
   } catch (...) {
-    session::LogError(form.session, session::currentError(), form.formName);
+    const base::Error error = session::currentError();
+    if (error.number() == engine::errors::diskFull) throw error;
+    session::LogError(form.session, error, form.formName);
     return false;
   }
 }

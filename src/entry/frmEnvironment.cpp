@@ -95,6 +95,7 @@ bool saveEnvironment(frmEnvironment& form) {
   return session::guard(s, form.formName, [&] {
     if (tellRefused(form)) return false;
     writeRows(form);
+    session::commitGathered(s);
     cancelEnvironment(form);
     return true;
   });

@@ -1,5 +1,7 @@
 #include "entry/frmFastEntry.h"
 
+#include <vector>
+
 #include "base/datetime.h"
 #include "base/text.h"
 #include "catalogue/label.h"
@@ -67,22 +69,25 @@ bool storeRow(frmFastEntry& form, std::size_t row) {
   if (!inserted || skipped) return inserted;
 
   bool all = true;
+  std::vector<std::string*> stored{&form.TextBox1[row]};
   std::string searchText;
   if (form.meaningsShown) {
     for (std::string* box : meaningBoxes(form, row)) {
       if (base::trim(*box).empty()) continue;
       searchText += "//" + *box;
       const bool added = attempt(form, [&] { insertMeaning(s, id, *box); });
-      if (added) box->clear();
+      if (added) stored.push_back(box);
       all &= added;
     }
     all &= attempt(form, [&] { writeSearchText(s, id, searchText + "////" + headword); });
   }
   all &= attempt(form, [&] { writeSortKey(s, id, headword); });
   all &= attempt(form, [&] { StripArticleFromSortBegriff(s, id); });
-  form.TextBox1[row].clear();
+  session::commitGathered(s);
+  for (std::string* box : stored) box->clear();
   form.newId = id;
   ++form.stored;
+  s.shell.pendingRefresh = true;
   return all;
 }
 
@@ -123,7 +128,6 @@ bool Command3(frmFastEntry& form) {
     }
     form.statusLabel = session::labelText(s, label::entries_added) + " " + std::to_string(form.stored);
     form.focusRow = form.focusColumn = 0;
-    if (form.stored > 0) s.shell.pendingRefresh = true;
     return all;
   });
 }

@@ -81,6 +81,7 @@ bool selectLink(frmEintrag& form, std::size_t row) {
 bool Command5(frmEintrag& form) {
   return session::guard(form.session, form.formName, [&] {
     store(form);
+    session::commitGathered(form.session);
     clearBoxes(form);
     LinkRefill(form);
     form.focus = Focus::linkAddress;

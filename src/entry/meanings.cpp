@@ -93,6 +93,7 @@ bool addMeaning(frmEintrag& form) {
     if (const engine::Value id = rows["ID_Wortbedeutung"]; !id.isNull()) {
       EigenschaftenSachgebieteAutomatischZuWortbedeutung(form, id.asInteger());
     }
+    session::commitGathered(s);
     form.meaningBox.clear();
     SetADODC2(form, entry);
   });

@@ -124,6 +124,7 @@ bool save(frmEintrag& form, int index) {
     all &= attempt(form, [&] { setFlag(s, "unterbegriff", true, flow.SelectedEntryId); });
     flow.NewEntryLevel = 2;
   }
+  session::commitGathered(s);
   goOn(form, index);
   return all;
 }
@@ -270,6 +271,7 @@ bool moveNavigator(frmEintrag& form, Step step) {
     const Saved saved = writeEntry(form);
     if (!saved.written) return false;
     all &= saved.all;
+    session::commitGathered(s);
     readEntry(form, id);
     return all;
   });

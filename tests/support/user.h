@@ -155,6 +155,13 @@ class User {
   }
   bool hasPlans() const { return !plans_.empty(); }
 
+  /// The error log; empty when nothing was reported.
+  std::string log() const {
+    const session::Session& s = app->session;
+    const auto path = s.files.paths.real(s.folders.AppConfigPath + "/Vocarium_Error_Log.TXT");
+    return std::filesystem::exists(path) ? test::TempDir::read(path) : "";
+  }
+
   test::TempDir home;
   std::unique_ptr<desktop::Application> app;
   std::vector<std::string> told;  ///< texts of the boxes
