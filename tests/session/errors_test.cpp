@@ -8,6 +8,7 @@
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "shell/session/messages.h"
+#include "support/full_disk.h"
 #include "support/test_session.h"
 
 namespace {
@@ -38,6 +39,31 @@ TEST(LogError, WritesSevenFieldsOnOneLineAndTellsTheUser) {
   EXPECT_EQ(t.session.shell.StatusText, "");
 }
 
+TEST(LogError, TellsInTheUsersLanguageWhatANumberMeansAndLogsTheErrorAsItIs) {
+  TestSession t;
+  const base::Error full(61, "Writing the changes to disk: the disk is full or fails.");
+  for (const int language : {1, 2}) {
+    session::TexteEinlesen(t.session, language);
+    session::LogError(t.session, full, "frmEintrag");
+    const std::string& told = t.script.boxes.back().text;
+    const std::size_t sentence = told.find(t.dialog(dialog::error_disk_full));
+    ASSERT_NE(sentence, std::string::npos) << told;
+    EXPECT_GT(told.find(full.text()), sentence);
+    EXPECT_TRUE(told.ends_with("61 "));
+  }
+  EXPECT_EQ(t.log().find(t.dialog(dialog::error_disk_full)), std::string::npos);
+  EXPECT_NE(t.log().find(full.text() + "\",61"), std::string::npos);
+}
+
+TEST(LogError, LeavesATextAloneThatTheCatalogueWorded) {
+  TestSession t;
+  const std::string worded = t.dialog(dialog::disk_full) + " /a/b.png";
+  session::LogError(t.session, base::Error(61, "SaveFile Error 61\r\n" + worded), "frmEintrag");
+  EXPECT_EQ(t.script.boxes.back().text.find(t.dialog(dialog::error_disk_full)), std::string::npos);
+  session::LogError(t.session, base::Error(4711, "A number without a sentence."), "frmEintrag");
+  EXPECT_NE(t.script.boxes.back().text.find(":\r\n\r\nA number"), std::string::npos);
+}
+
 TEST(LogError, SaysNothingOfACancelledDialogOrAMissingItem) {
   TestSession t;
   t.script.cancelFile();
@@ -59,6 +85,22 @@ TEST(LogError, ReportsWithoutACatalogueAndWithoutALog) {
   EXPECT_NE(t.script.boxes[0].text.find("9 "), std::string::npos);
   EXPECT_NE(t.script.boxes[0].text.find("Error_Log"), std::string::npos)
       << "a log that can not be written is told";
+}
+
+TEST(Guard, TellsAFailureOnceThatTheCommitRepeats) {
+  TestSession t;
+  t.session.files.CurrentDB =
+      t.session.files.Workspace->CreateDatabase(t.home / "a.cvb", ";LANGID=0x0407;CP=1252;COUNTRY=0", 2);
+  t.session.files.CurrentDB.Execute("CREATE TABLE Texte (Eintrag LONGTEXT)");
+  session::commitGathered(t.session);
+  const test::FullDisk disk(t.home / "a.cvb-wal");
+  EXPECT_FALSE(session::guard(t.session, "frmMDI", [&] {
+    t.session.files.CurrentDB.Execute("INSERT INTO Texte (Eintrag) VALUES (t)",
+                                      {{"t", std::string(100000, 'x')}});
+    throw base::Error(engine::errors::diskFull, "told first");
+  }));
+  EXPECT_EQ(t.script.boxes.size(), 1U);
+  EXPECT_EQ(std::ranges::count(t.log(), '\n'), 2);
 }
 
 TEST(Guard, TurnsWhateverFailsIntoOneError) {

@@ -7,6 +7,7 @@
 #include "base/datetime.h"
 #include "base/text.h"
 #include "catalogue/dialog.h"
+#include "shell/session/error_sentences.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "shell/session/texts.h"
@@ -46,7 +47,9 @@ std::string dialogTextIfAny(const Session& s, int key) {
 void LogError(Session& s, const base::Error& error, const std::string& source) {
   if (error.number() == silentMissingItem || error.number() == silentCancel) return;
   s.shell.failed = true;
-  std::string text = dialogTextIfAny(s, dialog::error_occurred) + s.CRLF + s.CRLF + error.text() + s.CRLF +
+  const std::string sentence = errorSentence(s, error);
+  std::string text = dialogTextIfAny(s, dialog::error_occurred) + s.CRLF + s.CRLF +
+                     (sentence.empty() ? "" : sentence + s.CRLF) + error.text() + s.CRLF +
                      dialogTextIfAny(s, dialog::error_number) + std::to_string(error.number()) + " ";
   try {
     if (!appendToLog(s, logLine(s, error, source))) text += s.CRLF + "Vocarium_Error_Log.TXT ?";
