@@ -1,6 +1,9 @@
 #include "store/locale.h"
 
+#include <algorithm>
+
 #include "catalogue/label.h"
+#include "shell/session/errors.h"
 #include "shell/session/texts.h"
 
 namespace store {
@@ -34,12 +37,40 @@ constexpr SortOrder sortOrders[] = {
     {label::sort_chinese_traditional, ";LANGID=0x0404;CP=950;COUNTRY=0"},
 };
 
+std::optional<std::size_t> placeAmong(const std::vector<std::string>& captions, std::string_view caption) {
+  const auto found = std::ranges::find(captions, caption);
+  if (found == captions.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - captions.begin());
+}
+
+// The captions in the language that is not in force.
+std::vector<std::string> captionsInOtherLanguage(session::Session& s) {
+  session::commitGathered(s);  // a file can not be attached amid gathered writes
+  engine::Database system =
+      s.files.Workspace->OpenDatabase(s.files.paths.real(s.folders.SystemDBPath).string(), false, true);
+  const std::string column = s.texts.UILanguage == 2 ? "BeschriftungDtsch" : "BeschriftungEngl";
+  auto rows =
+      system.OpenRecordset("SELECT DISTINCTROW labelTxt." + column + " FROM labelTxt ORDER BY labelTxt.ID;");
+  std::vector<std::string> labels;
+  for (; !rows.EndOfFile(); rows.MoveNext()) labels.push_back(rows.value(0).textOrEmpty());
+  std::vector<std::string> captions;
+  for (const SortOrder& order : sortOrders)
+    captions.push_back(labels.at(static_cast<std::size_t>(order.caption)));
+  return captions;
+}
+
 }  // namespace
 
-std::optional<std::string> localeOfSortOrder(const session::Session& s, std::string_view caption) {
-  for (const SortOrder& order : sortOrders)
-    if (session::labelText(s, order.caption) == caption) return order.locale;
-  return std::nullopt;
+std::optional<std::size_t> placeOfSortOrder(session::Session& s, std::string_view caption) {
+  if (caption.empty()) return std::nullopt;
+  if (const auto place = placeAmong(sortOrderCaptions(s), caption)) return place;
+  return placeAmong(captionsInOtherLanguage(s), caption);
+}
+
+std::optional<std::string> localeOfSortOrder(session::Session& s, std::string_view caption) {
+  const auto place = placeOfSortOrder(s, caption);
+  if (!place) return std::nullopt;
+  return sortOrders[*place].locale;
 }
 
 std::vector<std::string> sortOrderCaptions(const session::Session& s) {

@@ -12,8 +12,11 @@ namespace store {
 /// The locale of new files, and of the session before a dictionary was opened.
 inline constexpr const char* defaultLocale = ";LANGID=0x0409;CP=1252;COUNTRY=0";
 
-/// The connect string of a sort order by its caption, which is a label; nothing for any other text.
-std::optional<std::string> localeOfSortOrder(const session::Session& s, std::string_view caption);
+/// The place in sortOrderCaptions of the sort order with this caption in German or English, as a dictionary
+/// keeps the caption that its author saw; nothing for any other text.
+std::optional<std::size_t> placeOfSortOrder(session::Session& s, std::string_view caption);
+/// Its connect string.
+std::optional<std::string> localeOfSortOrder(session::Session& s, std::string_view caption);
 /// The captions of all sort orders, as the wizard and the settings offer them.
 std::vector<std::string> sortOrderCaptions(const session::Session& s);
 /// Sets CurrentLocale, which the next compaction gives to the file; an unknown caption leaves it.

@@ -141,6 +141,20 @@ TEST_F(Config, ANewSortOrderIsTheSessionsLocaleAndANewLanguageCanBeChosen) {
   EXPECT_EQ(s.shell.projectBar.from, "Plattdeutsch");
 }
 
+TEST_F(Config, TheSortOrderIsChosenInTheListWhicheverLanguageStoredIt) {
+  const std::string german = session::labelText(s, label::sort_greek);
+  s.files.CurrentDB.Execute("update Sprache set Sortierreihenfolge = '" + german + "'");
+  s.files.Workspace->Idle();
+  session::TexteEinlesen(s, 2);
+  ASSERT_TRUE(frame::Form_Load(form));
+  ASSERT_GE(form.selectedSortOrder, 0);
+  const std::string english = session::labelText(s, label::sort_greek);
+  EXPECT_EQ(form.sortOrders[static_cast<std::size_t>(form.selectedSortOrder)], english);
+  EXPECT_EQ(frame::textOf(form, "Sortierreihenfolge"), english);
+  ASSERT_TRUE(frame::saveConfig(form));
+  EXPECT_EQ(s.files.CurrentLocale, *store::localeOfSortOrder(s, german));
+}
+
 TEST_F(Config, OptionsExcludeEachOtherAndTextsAreCheckedAgainstTheLists) {
   ASSERT_TRUE(frame::Form_Load(form));
   frame::setFieldText(form, "khz44", "yes");

@@ -65,6 +65,22 @@ TEST_F(Reference, SortOrdersAreKnownByTheirCaption) {
   EXPECT_EQ(s.files.CurrentLocale, "kept");
 }
 
+TEST_F(Reference, ASortOrderIsKnownByTheCaptionOfTheOtherLanguageToo) {
+  const std::vector<std::string> german = store::sortOrderCaptions(s);
+  session::TexteEinlesen(s, 2);
+  const std::vector<std::string> english = store::sortOrderCaptions(s);
+  ASSERT_NE(german, english);
+  for (const int language : {2, 1}) {
+    session::TexteEinlesen(s, language);
+    for (std::size_t n = 0; n < german.size(); ++n) {
+      EXPECT_EQ(store::placeOfSortOrder(s, german[n]), n) << german[n];
+      EXPECT_EQ(store::placeOfSortOrder(s, english[n]), n) << english[n];
+    }
+    EXPECT_EQ(store::placeOfSortOrder(s, "Klingonisch"), std::nullopt);
+    EXPECT_EQ(store::placeOfSortOrder(s, ""), std::nullopt);
+  }
+}
+
 TEST_F(Reference, PrintFontsFollowTheProjectsFonts) {
   create("a.cvb");
   s.project.FontFrom = "Gentium";

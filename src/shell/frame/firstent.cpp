@@ -86,7 +86,7 @@ bool SystemFontExists(session::Session& s, const std::string& name) {
 void Form_Load(firstent& form) {
   session::Session& s = form.session;
   form.hasLanguages = s.project.ProjectType == 1;
-  form.dateSample = base::formatDate(base::DateTime::now(), wizardDateFormat);
+  form.dateSample = base::formatDate(base::DateTime::now(), wizardDateFormat, s.texts.UILanguage == 2);
   form.fonts = s.desk.outside.fontNames();
   form.sortOrders = store::sortOrderCaptions(s);
   if (SystemFontExists(s, unicodeFont)) form.fontFrom = form.fontTo = form.fontRemark = unicodeFont;

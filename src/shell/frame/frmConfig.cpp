@@ -169,6 +169,7 @@ bool saveConfig(frmConfig& form) {
   return session::guard(form.session, form.formName, [&] {
     if (tellRefused(form)) return false;
     write(form);
+    session::commitGathered(form.session);
     renew(form);
     return true;
   });
@@ -180,9 +181,10 @@ void SelectCountry(frmConfig& form) {
 }
 
 void SelectSortOrder(frmConfig& form) {
-  const auto found = std::ranges::find(form.sortOrders, textOf(form, "Sortierreihenfolge"));
-  form.selectedSortOrder =
-      found == form.sortOrders.end() ? -1 : static_cast<int>(found - form.sortOrders.begin());
+  std::string& caption = textOf(form, "Sortierreihenfolge");
+  const auto place = store::placeOfSortOrder(form.session, caption);
+  form.selectedSortOrder = place ? static_cast<int>(*place) : -1;
+  if (place) caption = form.sortOrders[*place];
 }
 
 void DefSortOrder(frmConfig& form) {
