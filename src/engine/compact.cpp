@@ -12,6 +12,7 @@
 #include "engine/file/replace.h"
 #include "engine/file_checks.h"
 #include "engine/impl.h"
+#include "engine/rescue.h"
 #include "engine/row_copy.h"
 #include "engine/storage/catalog.h"
 #include "engine/storage/text_index.h"
@@ -139,6 +140,41 @@ void CopyDatabase(Workspace& workspace, const std::string& source, const std::st
                   const Progress& progress) {
   workspace.Idle();
   copyFile(workspace, source, false, target, "", progress);
+}
+
+bool hasVanished(const Database& open) {
+  const AttachedFile& file = *open.impl()->file;
+  int moved = 0;
+  const int code = sqlite3_file_control(file.connection().handle(), file.schemaName().c_str(),
+                                        SQLITE_FCNTL_HAS_MOVED, &moved);
+  return code == SQLITE_OK && moved != 0;
+}
+
+std::string RescueDatabase(Workspace& workspace, const Database& open) {
+  workspace.Idle();
+  const AttachedFile& source = *open.impl()->file;
+  const std::string path = source.path();
+  const bool taken = std::filesystem::exists(path);
+  const std::string target = taken ? file::nameBeside(path, "rescued") : path;
+  const std::time_t stamp = stampOfNow();
+  file::NewFile copy(target, "rescue");
+  {
+    Connection& connection = source.connection();
+    const storage::CatalogData data = dataFor(source, "", stamp);
+    const auto made = connection.create(copy.path(), data.locale);
+    const Connection::Internal internal(connection);
+    BulkWrite write(*made);
+    copyAll(source, *made, data, {});
+    write.commit();
+  }
+  source.connection().releaseUnused();
+  checks::mustBeSound(source.connection().credential(), copy.path());
+  setFileTime(copy.path(), stamp);
+  copy.finish(file::OldLog::isWorthless);
+  // The log at the path is the vanished file's, and would be read as that of the file that stands there now.
+  if (taken)
+    for (const char* part : {"-wal", "-shm"}) std::filesystem::remove(path + part);
+  return target;
 }
 
 bool needsCompaction(Workspace& workspace, const std::string& path, const std::string& locale) {

@@ -37,7 +37,9 @@ BulkWrite::BulkWrite(AttachedFile& file) : file_(file) {
 
 BulkWrite::~BulkWrite() {
   // Without a journal this does not restore the file, but it ends the transaction so that it can be closed.
-  if (open_) sqlite3_exec(file_.connection().handle(), "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3* const handle = file_.connection().handle();
+  if (open_) sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr);
+  sqlite3_exec(handle, "PRAGMA foreign_keys = ON", nullptr, nullptr, nullptr);
 }
 
 void BulkWrite::commit() {

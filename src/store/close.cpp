@@ -8,10 +8,12 @@
 #include "base/text.h"
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
+#include "engine/rescue.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "store/files.h"
+#include "store/locale.h"
 #include "store/schema.h"
 
 namespace store {
@@ -37,7 +39,7 @@ bool isTemporary(const std::string& name) {
 }
 
 /// Puts a compact copy written beside the file in its place; a failure leaves the file.
-void compact(session::Session& s, const std::string& path) {
+void compact(session::Session& s, const std::string& path, const std::string& locale) {
   const session::Busy busy(s, session::labelText(s, label::compacting_before) + " " + path + " " +
                                   session::labelText(s, label::compacting_after));
   const fs::path file = fs::canonical(s.files.paths.real(path));
@@ -50,20 +52,63 @@ void compact(session::Session& s, const std::string& path) {
   fs::path sibling = file;
   sibling += ".compact";
   deleteDictionaryFile(s, sibling.string());
-  engine::CompactDatabase(*s.files.Workspace, file.string(), sibling.string(), s.files.CurrentLocale,
-                          encrypted);
+  engine::CompactDatabase(*s.files.Workspace, file.string(), sibling.string(), locale, encrypted);
   fs::permissions(sibling, fs::status(file).permissions());
   fs::rename(sibling, file);
 }
 
-void compactIfItPays(session::Session& s, const std::string& path) {
-  if (engine::needsCompaction(*s.files.Workspace, s.files.paths.real(path).string(), s.files.CurrentLocale))
-    compact(s, path);
+/// A file and the text order that a compaction gives to it.
+struct Compaction {
+  std::string path, locale;
+};
+
+void compactIfItPays(session::Session& s, const Compaction& wanted) {
+  if (engine::needsCompaction(*s.files.Workspace, s.files.paths.real(wanted.path).string(), wanted.locale))
+    compact(s, wanted.path, wanted.locale);
 }
 
-/// Of several files only the first is ever written to.
-std::string compactionPath(const session::Session& s) {
-  return s.files.OpenDBCount > 1 ? s.files.CurrentDB.Name() : s.files.CurrentDBPath;
+/// CurrentLocale is of the dictionary that was opened first; each of several files has settings of its own.
+std::string localeOf(session::Session& s, engine::Database& db) {
+  if (s.files.OpenDBCount < 2) return s.files.CurrentLocale;
+  try {
+    auto row = db.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
+    const std::string caption = row.EndOfFile() ? "" : row["Sortierreihenfolge"].textOrEmpty();
+    return localeOfSortOrder(s, caption).value_or(db.locale());
+  } catch (const base::Error&) {
+    return db.locale();  // a file that can not be read any more must still be closed
+  }
+}
+
+Compaction compactionOf(session::Session& s, engine::Database& db) {
+  const bool several = s.files.OpenDBCount > 1;
+  return {several ? db.Name() : s.files.CurrentDBPath, localeOf(s, db)};
+}
+
+/// Of the open files that could be written to.
+std::vector<Compaction> compactionsAtClosing(session::Session& s) {
+  session::Files& files = s.files;
+  std::vector<Compaction> all;
+  if (!files.DBOpen) return all;
+  const auto add = [&](engine::Database& db) {
+    if (db.isOpen() && !db.readOnly()) all.push_back(compactionOf(s, db));
+  };
+  add(files.CurrentDB);
+  std::ranges::for_each(files.ExtraDB, add);
+  return all;
+}
+
+/// What was written to a file that went away meanwhile lives in the open handle alone.
+void putBackIfVanished(session::Session& s, const engine::Database& db) {
+  if (!db.isOpen() || db.readOnly() || !engine::hasVanished(db)) return;
+  session::guard(s, "frmMDI", [&] {
+    const std::string path = db.Name();
+    fs::create_directories(fs::path(path).parent_path());
+    const std::string written = engine::RescueDatabase(*s.files.Workspace, db);
+    session::NoteError(s, {engine::errors::fileNotFound, path + " was gone; written to " + written + "."},
+                       "frmMDI");
+    session::showBox(s, session::dialogText(s, dialog::file_put_back) + " " + written,
+                     platform::box::exclamation);
+  });
 }
 
 /// Gives up all files and what the session knows of them.
@@ -92,16 +137,17 @@ void showAsClosed(session::Session& s) {
 void CloseCurrentDB(session::Session& s) {
   s.entry.EntryEditMode = 0;
   const bool wasOpen = s.files.DBOpen;
-  const std::string path = compactionPath(s);
-  const bool writable = s.files.CurrentDB.isOpen() && !s.files.ReadOnlyMode && !s.files.CurrentDB.readOnly();
+  const std::vector<Compaction> compactions = compactionsAtClosing(s);
   if (wasOpen) session::CloseAllForms(s);
   showAsClosed(s);
   session::commitGathered(s);
+  putBackIfVanished(s, s.files.CurrentDB);
+  for (const engine::Database& extra : s.files.ExtraDB) putBackIfVanished(s, extra);
   letGo(s);
-  if (wasOpen && writable)
+  for (const Compaction& each : compactions)
     session::guard(s, "frmMDI", [&] {
       try {
-        compactIfItPays(s, path);
+        compactIfItPays(s, each);
       } catch (const base::Error& error) {
         // Another program still works on the file: the last one to close compacts it.
         if (error.number() != engine::errors::locked) throw;
@@ -118,12 +164,13 @@ bool closedAfterQuestion(session::Session& s, int question, int title) {
 }
 
 void CompactCurrentDB(session::Session& s, bool quiet) {
-  const std::string path = compactionPath(s);
-  if (path.empty() || !closedAfterQuestion(s, dialog::compact_question, label::question_title)) return;
-  compactIfItPays(s, path);
+  if (s.files.CurrentDBPath.empty()) return;
+  const Compaction current = compactionOf(s, s.files.CurrentDB);
+  if (!closedAfterQuestion(s, dialog::compact_question, label::question_title)) return;
+  compactIfItPays(s, current);
   if (!quiet)
     session::showBox(s,
-                     session::dialogText(s, dialog::the_dictionary) + " " + path + " " +
+                     session::dialogText(s, dialog::the_dictionary) + " " + current.path + " " +
                          session::dialogText(s, dialog::has_been_compacted) + "!",
                      platform::box::exclamation);
 }

@@ -5,6 +5,7 @@
 #include "shell/session/messages.h"
 #include "store/checks.h"
 #include "store/dictionary.h"
+#include "store/project.h"
 #include "store/reference.h"
 
 namespace {
@@ -57,6 +58,37 @@ TEST_F(Lifecycle, OnlyAChangedFileIsCompacted) {
   open(path);
   EXPECT_EQ(db().locale(), ";LANGID=0x041D;CP=1252;COUNTRY=0");
   EXPECT_LT(size, 2U << 20);
+}
+
+TEST_F(Lifecycle, OfSeveralFilesEachThatChangedIsCompactedInItsOwnOrder) {
+  const std::string names[] = {"erste.cvb", "zweite.cvb", "dritte.cvb"};
+  std::vector<std::string> paths;
+  for (const std::string& name : names) {
+    paths.push_back(createClosed(name));
+    open(paths.back());
+    db().Execute("update Sprache set Sortierreihenfolge = '" +
+                 t.label(name == "zweite.cvb" ? label::sort_danish : label::sort_general) + "'");
+    store::LoadProjectSettings(s);
+    store::CloseCurrentDB(s);
+  }
+  open(paths[0]);
+  ASSERT_TRUE(store::addDictionary(s, paths[1], false));
+  ASSERT_TRUE(store::addDictionary(s, paths[2], true));
+  addEntry("Anker");
+  addEntry(s.files.ExtraDB[0], "Aal");
+  const std::string danish = s.files.ExtraDB[0].locale();
+  ASSERT_NE(danish, db().locale());
+  std::swap(s.files.CurrentDB, s.files.ExtraDB[0]);  // as a row of the second file does that is selected
+  const std::string untouched = test::TempDir::read(paths[2]);
+  store::CloseCurrentDB(s);
+  const auto mayBeCompacted = [&](std::size_t n, const std::string& locale) {
+    return engine::needsCompaction(*s.files.Workspace, paths[n], locale);
+  };
+  EXPECT_FALSE(mayBeCompacted(0, store::defaultLocale));
+  EXPECT_FALSE(mayBeCompacted(1, danish));
+  EXPECT_EQ(test::TempDir::read(paths[2]), untouched);
+  open(paths[1]);
+  EXPECT_EQ(rows("select begriff from Woerterbuch"), "Aal");
 }
 
 TEST_F(Lifecycle, AMovedFileAsksUntilItIsConfirmed) {

@@ -109,7 +109,7 @@ void NewFile::finish(OldLog oldLog) {
   finished_ = true;
 }
 
-std::string keepAside(const std::string& path, const std::string& what) {
+std::string nameBeside(const std::string& path, const std::string& what) {
   const std::filesystem::path whole(path);
   const std::string stem = (whole.parent_path() / whole.stem()).string() + "_" + what;
   const auto taken = [](const std::string& name) {
@@ -120,6 +120,11 @@ std::string keepAside(const std::string& path, const std::string& what) {
   std::string kept = stem + whole.extension().string();
   for (int number = 2; taken(kept); ++number)
     kept = stem + std::to_string(number) + whole.extension().string();
+  return kept;
+}
+
+std::string keepAside(const std::string& path, const std::string& what) {
+  const std::string kept = nameBeside(path, what);
   for (const char* log : {"-wal", "-journal"}) {
     if (std::filesystem::exists(path + log)) duplicate(path + log, kept + log);
   }

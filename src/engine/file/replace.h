@@ -39,6 +39,8 @@ class NewFile {
   bool finished_ = false;
 };
 
+/// An unused name beside `path` that tells what it is ("WORDS_rescued.CVB", "WORDS_rescued2.CVB" ...).
+std::string nameBeside(const std::string& path, const std::string& what);
 /// Gives the file at `path` a second, unused name that tells what it is ("WORDS_damaged.CVB",
 /// "WORDS_damaged2.CVB" ...), and its log and journal too; returns that. The file stays at `path` as well.
 std::string keepAside(const std::string& path, const std::string& what);
