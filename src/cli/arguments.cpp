@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/text.h"
+
 namespace cli {
 
 namespace {
@@ -56,6 +58,8 @@ Arguments parse(const std::vector<std::string>& line, const std::vector<std::str
   bool optionsEnded = false;
   for (std::size_t n = 0; n < line.size(); ++n) {
     const std::string& word = line[n];
+    if (!base::isUtf8(word))
+      throw UsageError{"Word " + std::to_string(n + 1) + " of the command is no text in UTF-8."};
     if (optionsEnded || word.size() < 3 || word.rfind("--", 0) != 0) {
       if (word == "--")
         optionsEnded = true;

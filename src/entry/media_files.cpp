@@ -101,9 +101,8 @@ base::Error worded(const session::Session& s, const base::Error& error, FileUse 
   };
   for (const Wording& wording : wordings)
     if (wording.number == number) return text(wording.text, wording.withPath);
-  if (use == FileUse::written && (number == 53 || number == 70))
+  if (use == FileUse::written && (number == 53 || number == 70 || number == 75))
     return text(dialog::media_not_writable, true);
-  if (use == FileUse::written && number == 75) return text(dialog::disk_full, true);
   return number == 53 ? text(dialog::file_missing, true) : error;
 }
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "catalogue/dialog.h"
 #include "shell/session/routines.h"
+#include "shell/session/texts.h"
 
 namespace store {
 
@@ -25,7 +27,9 @@ void CheckIfDBDirExists(session::Session& s, std::string_view dictionary) {
   const fs::path folder = mediaFolder(s, dictionary);
   std::error_code failed;
   fs::create_directories(folder, failed);
-  if (failed) throw session::fileError(failed, folder.string());
+  if (failed)
+    throw base::Error(session::fileError(failed, folder.string()).number(),
+                      session::dialogText(s, dialog::media_not_writable) + " " + folder.string());
   s.files.DictFolder = "/" + base::withoutExtension4(dictionary);
 }
 

@@ -54,7 +54,10 @@ std::string escapedSQLText(std::string_view text) {
 
 base::Error fileError(std::error_code code, const std::string& path) {
   if (code == std::errc::no_such_file_or_directory) return {53, "File not found: " + path};
-  if (code == std::errc::no_space_on_device) return {61, "The disk is full: " + path};
+  // A copy that the standard library could not finish comes as an input/output error, whatever the cause.
+  for (const int full : {ENOSPC, EDQUOT, EFBIG, EIO})
+    if (code == std::error_condition(full, std::generic_category()))
+      return {61, "The disk is full or fails: " + path};
   if (code == std::errc::permission_denied || code == std::errc::operation_not_permitted ||
       code == std::errc::read_only_file_system)
     return {70, "Permission denied: " + path};
