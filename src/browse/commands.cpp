@@ -1,8 +1,5 @@
 #include "browse/commands.h"
 
-#include <array>
-#include <string_view>
-
 #include "entry/frmRelink.h"
 #include "shell/session/errors.h"
 
@@ -39,51 +36,12 @@ bool act(frmWoerter& form, int action) {
   return AddEditDeleteAction(form);
 }
 
-bool addMainEntry(frmWoerter& form) {
-  auto& entry = form.session.entry;
-  entry.NewEntryLevel = 1;
-  entry.CurrentBegriff.clear();
-  return act(form, newMainEntry);
-}
-
-bool edit(frmWoerter& form) {
-  return act(form, editEntry);
-}
-bool remove(frmWoerter& form) {
-  return act(form, deleteEntry);
-}
-bool addSubEntry(frmWoerter& form) {
+/// A new entry is not what was searched for: its note is not marked.
+bool addEntry(frmWoerter& form, int action) {
   form.session.entry.CurrentBegriff.clear();
-  return act(form, newSubEntry);
+  form.session.search.SearchTerm.clear();
+  return act(form, action);
 }
-
-struct MenuCommand {
-  std::string_view item;
-  bool (*run)(frmWoerter& form);
-};
-constexpr std::array<MenuCommand, 12> menuCommands{{{"mnuNewEntry", addMainEntry},
-                                                    {"mnuNewSubEntry", addSubEntry},
-                                                    {"mnuEditEntry", edit},
-                                                    {"mnuDeleteEntry", remove},
-                                                    {"mnuRelinkEntry", RelinkEntry},
-                                                    {"mnuPrintSingleEntry", printButton},
-                                                    {"mnuPopUpAddFirstLevelEntry", addMainEntry},
-                                                    {"mnuPopUpAdd", addSubEntry},
-                                                    {"mnuPopUpEdit", edit},
-                                                    {"mnuPopUpDelete", remove},
-                                                    {"mnuPopUpRelink", RelinkEntry},
-                                                    {"mnuPopUpPrintEntry", printButton}}};
-
-/// What a button of the toolbar sends to the relay.
-struct ToolbarButton {
-  int index, EntryAction;
-  MouseMessage message;
-};
-constexpr std::array<ToolbarButton, 5> toolbarButtons{{{2, newSubEntry, MouseMessage::rightDown},
-                                                       {8, newSubEntry, MouseMessage::leftDown},
-                                                       {9, editEntry, MouseMessage::leftDown},
-                                                       {10, deleteEntry, MouseMessage::leftDown},
-                                                       {11, deleteEntry, MouseMessage::rightUp}}};
 
 }  // namespace
 
@@ -92,14 +50,6 @@ bool List2_Click(frmWoerter& form, int row) {
     selectRow(form, row);
     MarkFoundedWords(form);
   });
-}
-
-bool List2_DblClick(frmWoerter& form) {
-  return edit(form);
-}
-
-bool List2_KeyDown(frmWoerter& form, ListKey key) {
-  return key == ListKey::enter ? edit(form) : remove(form);
 }
 
 bool Text3_Change(frmWoerter& form, const std::string& text) {
@@ -122,18 +72,6 @@ bool allLettersButton(frmWoerter& form) {
   return command(form, [&] { showAllLetters(form); });
 }
 
-bool Command3(frmWoerter& form, MouseMessage message) {
-  switch (message) {
-    case MouseMessage::leftDown:
-      return act(form, form.session.entry.EntryAction);
-    case MouseMessage::rightDown:
-      return addMainEntry(form);
-    case MouseMessage::rightUp:
-      return RelinkEntry(form);
-  }
-  return false;
-}
-
 bool Command6(frmWoerter& form) {
   return command(form, [&] {
     ReleaseFilter(form);
@@ -147,13 +85,24 @@ bool Command6(frmWoerter& form) {
   });
 }
 
-bool printButton(frmWoerter& form) {
-  return command(form, [&] {
-    if (form.printEntry) form.printEntry();
-  });
+bool mnuNewEntry(frmWoerter& form) {
+  form.session.entry.NewEntryLevel = 1;
+  return addEntry(form, newMainEntry);
 }
 
-bool RelinkEntry(frmWoerter& form) {
+bool mnuNewSubEntry(frmWoerter& form) {
+  return addEntry(form, newSubEntry);
+}
+
+bool mnuEditEntry(frmWoerter& form) {
+  return act(form, editEntry);
+}
+
+bool mnuDeleteEntry(frmWoerter& form) {
+  return act(form, deleteEntry);
+}
+
+bool mnuRelinkEntry(frmWoerter& form) {
   return command(form, [&] {
     if (form.list.selected < 0) return;
     entry::frmRelink dialog(form.session);
@@ -166,23 +115,6 @@ bool RelinkEntry(frmWoerter& form) {
     form.session.entry.CurrentEntryId = moved;
     SkipToEntry(form);
   });
-}
-
-bool entryMenu(frmWoerter& form, const std::string& item) {
-  for (const MenuCommand& each : menuCommands)
-    if (each.item == item) return each.run(form);
-  return false;
-}
-
-bool toolbarButton(frmWoerter& form, int index) {
-  for (const ToolbarButton& each : toolbarButtons) {
-    if (each.index != index) continue;
-    form.session.entry.EntryAction = each.EntryAction;
-    form.session.search.SearchTerm.clear();
-    if (each.message == MouseMessage::rightDown) form.session.entry.EntryEditMode = 1;
-    return Command3(form, each.message);
-  }
-  return false;
 }
 
 }  // namespace browse

@@ -61,7 +61,6 @@ struct frmWoerter {
 
   std::string Text3;                    ///< the search box
   std::function<void()> releaseFilter;  ///< resets the filter dialog; empty: there is none
-  std::function<void()> printEntry;     ///< prints the selected entry; empty: nothing can
   EntryDisplay display;                 ///< the right side
   std::vector<std::string> letters;     ///< captions of the letter buttons, at most 26
   std::vector<std::string> KategorieCombo, SachgebietCombo;

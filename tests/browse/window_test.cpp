@@ -48,16 +48,15 @@ TEST_F(Window, AJumpFromADialogDropsTheLetter) {
   EXPECT_EQ(form.display.aggregate.entry.Begriff, "Hof");
 }
 
-TEST_F(Window, MenusAndToolbarActOnTheSelectedEntry) {
+TEST_F(Window, CommandsActOnTheSelectedEntry) {
   ASSERT_TRUE(browse::List2_Click(form, rowOf(house)));
   t.script.inForm<entry::frmEintrag>("frmEintrag", [&](entry::frmEintrag&) {
     EXPECT_EQ(s.entry.EntryEditMode, 3);
     EXPECT_EQ(s.entry.CurrentEntryId, house);
-    EXPECT_TRUE(browse::entryMenu(form, "mnuPopUpDelete")) << "inert while the editor is open";
-    EXPECT_TRUE(browse::List2_KeyDown(form, browse::ListKey::remove));
+    EXPECT_TRUE(browse::mnuDeleteEntry(form)) << "inert while the editor is open";
     s.entry.CurrentBegriff.clear();
   });
-  EXPECT_TRUE(browse::entryMenu(form, "mnuPopUpEdit"));
+  EXPECT_TRUE(browse::mnuEditEntry(form));
   EXPECT_EQ(count("Woerterbuch"), 3);
 
   s.search.SearchTerm = "x";
@@ -66,24 +65,18 @@ TEST_F(Window, MenusAndToolbarActOnTheSelectedEntry) {
     EXPECT_EQ(s.entry.NewEntryLevel, 1);
     s.entry.CurrentBegriff.clear();
   });
-  EXPECT_TRUE(browse::toolbarButton(form, 2));
+  EXPECT_TRUE(browse::mnuNewEntry(form));
   EXPECT_EQ(s.search.SearchTerm, "");
   t.script.inForm<entry::frmEintrag>("frmEintrag", [&](entry::frmEintrag&) {
     EXPECT_EQ(s.entry.EntryEditMode, 2);
     s.entry.CurrentBegriff.clear();
   });
-  EXPECT_TRUE(browse::toolbarButton(form, 8));
-  EXPECT_FALSE(browse::toolbarButton(form, 4)) << "no button of the browser";
+  EXPECT_TRUE(browse::mnuNewSubEntry(form));
 
   ASSERT_TRUE(browse::List2_Click(form, rowOf(yard)));
   t.script.answer(platform::box::answerYes, "Hof");
-  EXPECT_TRUE(browse::List2_KeyDown(form, browse::ListKey::remove));
+  EXPECT_TRUE(browse::mnuDeleteEntry(form));
   EXPECT_EQ(page(), "Apfel|Haus");
-  bool printed = false;
-  form.printEntry = [&] { printed = true; };
-  EXPECT_TRUE(browse::entryMenu(form, "mnuPopUpPrintEntry"));
-  EXPECT_TRUE(printed);
-  EXPECT_FALSE(browse::entryMenu(form, "mnuExit"));
 }
 
 TEST_F(Window, RelinkingShowsTheEntryInItsNewPlace) {
@@ -94,7 +87,7 @@ TEST_F(Window, RelinkingShowsTheEntryInItsNewPlace) {
     ASSERT_TRUE(entry::Command1(dialog));
     entry::Form_Unload(dialog);
   });
-  EXPECT_TRUE(browse::toolbarButton(form, 11));
+  EXPECT_TRUE(browse::mnuRelinkEntry(form));
   EXPECT_EQ(page(), "Apfel|Haus   ++|--- Hof");
   expectAligned();
 }

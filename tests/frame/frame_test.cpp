@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "browse/commands.h"
 #include "base/datetime.h"
 #include "base/text.h"
 #include "catalogue/dialog.h"
@@ -243,7 +244,7 @@ TEST_F(Frame, DialogsOnSettingsAndCataloguesRenewWhatTheFrameShows) {
     entry::headwordChanged(editor, "Zaun");
     EXPECT_TRUE(entry::Command1(editor, 2));
   });
-  ASSERT_TRUE(frame::mnuNewEntry(form));
+  ASSERT_TRUE(frame::onActiveBrowser(form, browse::mnuNewEntry));
   script.inForm<frame::frmConfig>("frmConfig", [](frame::frmConfig& settings) {
     frame::textOf(settings, "Kurzbeschreibung") = "Neu";
     EXPECT_TRUE(frame::saveConfig(settings));

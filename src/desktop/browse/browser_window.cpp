@@ -92,7 +92,7 @@ QWidget* BrowserWindow::buildList() {
   QObject::connect(words_, &QListWidget::currentRowChanged, this, [this](int row) {
     if (row >= 0 && !app_.gate.isBusy()) face_.run([&] { browse::List2_Click(form_, row); });
   });
-  QObject::connect(words_, &QListWidget::itemDoubleClicked, this, [this] { command(frame::mnuEditEntry); });
+  QObject::connect(words_, &QListWidget::itemDoubleClicked, this, [this] { command(browse::mnuEditEntry); });
   QObject::connect(words_, &QListWidget::customContextMenuRequested, this, [this](const QPoint& at) {
     if (words_->itemAt(at) != nullptr) app_.window->entryMenu()->popup(words_->viewport()->mapToGlobal(at));
   });
@@ -158,10 +158,10 @@ void BrowserWindow::drawLetters() {
   for (QToolButton* button : letters_) button->setChecked(!chosen.isEmpty() && button->text() == chosen);
 }
 
-void BrowserWindow::command(bool (*run)(frame::frmMDI&)) {
+void BrowserWindow::command(bool (*run)(browse::frmWoerter&)) {
   face_.run([&] {
     app_.frame.active = &form_;
-    run(app_.frame);
+    frame::onActiveBrowser(app_.frame, run);
   });
 }
 
@@ -169,10 +169,10 @@ void BrowserWindow::listKey(int key) {
   switch (key) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      command(frame::mnuEditEntry);
+      command(browse::mnuEditEntry);
       break;
     case Qt::Key_Delete:
-      command(frame::mnuDeleteEntry);
+      command(browse::mnuDeleteEntry);
       break;
     case Qt::Key_PageDown:
       if (form_.forwardEnabled) face_.run([this] { browse::Command1(form_, 1); });

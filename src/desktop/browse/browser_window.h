@@ -37,7 +37,7 @@ class BrowserWindow : public QWidget {
   void drawList();
   void drawLetters();
   void listKey(int key);
-  void command(bool (*run)(frame::frmMDI&));
+  void command(bool (*run)(browse::frmWoerter&));
 
   Application& app_;
   browse::frmWoerter& form_;

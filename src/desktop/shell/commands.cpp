@@ -1,5 +1,6 @@
 #include "desktop/shell/commands.h"
 
+#include "browse/commands.h"
 #include "entry/start_browser.h"
 #include "shell/session/routines.h"
 
@@ -38,16 +39,6 @@ constexpr Command commands[] = {
     {"mnurepair", frame::mnurepair},
     {"mnuBackup", frame::mnuBackup},
     {"mnuExit", frame::mnuExit},
-    {"mnuNewEntry", frame::mnuNewEntry},
-    {"mnuNewSubEntry", frame::mnuNewSubEntry},
-    {"mnuEditEntry", frame::mnuEditEntry},
-    {"mnuDeleteEntry", frame::mnuDeleteEntry},
-    {"mnuRelinkEntry", frame::mnuRelinkEntry},
-    {"mnuPopUpAdd", frame::mnuNewSubEntry},
-    {"mnuPopUpAddFirstLevelEntry", frame::mnuNewEntry},
-    {"mnuPopUpEdit", frame::mnuEditEntry},
-    {"mnuPopUpDelete", frame::mnuDeleteEntry},
-    {"mnuPopUpRelink", frame::mnuRelinkEntry},
     {"mnuFastEntry", frame::mnuFastEntry},
     {"mnuKopieren", frame::mnuKopieren},
     {"mnuCopyPicture", frame::mnuCopyPicture},
@@ -80,6 +71,23 @@ constexpr Command commands[] = {
     {"mnuVocariumImWWW", webSite},
 };
 
+struct EntryCommand {
+  const char* item;
+  bool (*run)(browse::frmWoerter&);
+};
+constexpr EntryCommand entryCommands[] = {
+    {"mnuNewEntry", browse::mnuNewEntry},
+    {"mnuNewSubEntry", browse::mnuNewSubEntry},
+    {"mnuEditEntry", browse::mnuEditEntry},
+    {"mnuDeleteEntry", browse::mnuDeleteEntry},
+    {"mnuRelinkEntry", browse::mnuRelinkEntry},
+    {"mnuPopUpAdd", browse::mnuNewSubEntry},
+    {"mnuPopUpAddFirstLevelEntry", browse::mnuNewEntry},
+    {"mnuPopUpEdit", browse::mnuEditEntry},
+    {"mnuPopUpDelete", browse::mnuDeleteEntry},
+    {"mnuPopUpRelink", browse::mnuRelinkEntry},
+};
+
 struct ViewCommand {
   const char* item;
   int ViewKind;
@@ -106,6 +114,9 @@ constexpr ViewCommand viewCommands[] = {
 std::function<void(frame::frmMDI&)> commandOf(const std::string& menuItem) {
   for (const Command& command : commands)
     if (menuItem == command.item) return [run = command.run](frame::frmMDI& form) { run(form); };
+  for (const EntryCommand& command : entryCommands)
+    if (menuItem == command.item)
+      return [run = command.run](frame::frmMDI& form) { frame::onActiveBrowser(form, run); };
   for (const ViewCommand& command : viewCommands)
     if (menuItem == command.item)
       return [show = command.show, kind = command.ViewKind](frame::frmMDI& form) { show(form, kind); };

@@ -156,6 +156,13 @@ void browserActivated(frmMDI& form, browse::frmWoerter& browser) {
   command(form, [&] { browse::FormInit(browser); });
 }
 
+bool onActiveBrowser(frmMDI& form, bool (*command)(browse::frmWoerter&)) {
+  if (form.active == nullptr) return false;
+  const bool done = command(*form.active);
+  if (form.active != nullptr && form.active->closed) closeBrowser(form, form.active);
+  return done;
+}
+
 void closeBrowser(frmMDI& form, const browse::frmWoerter* browser) {
   const auto found = std::ranges::find_if(
       form.browsers, [&](const OpenBrowser& each) { return each.form.get() == browser; });

@@ -65,6 +65,8 @@ bool frmMDI_Activate(frmMDI& form);
 browse::frmWoerter* ShowWordInstance(frmMDI& form);
 /// A browser came to the front: commands are for it from now on. It is built anew where that is due.
 void browserActivated(frmMDI& form, browse::frmWoerter& browser);
+/// Carries out a command of the active browser, as of browse/commands.h; false without a browser.
+bool onActiveBrowser(frmMDI& form, bool (*command)(browse::frmWoerter&));
 /// Forgets a browser that was closed.
 void closeBrowser(frmMDI& form, const browse::frmWoerter* browser);
 
@@ -76,12 +78,6 @@ bool mnuMultiOpen(frmMDI& form);
 /// A recent file by its number in the menu, from 1; -1 is the last dictionary of the settings file.
 bool mnuFilearray(frmMDI& form, int index);
 bool mnuClose(frmMDI& form);
-// On the active browser's selected entry; without a browser they do nothing and return false.
-bool mnuNewEntry(frmMDI& form);
-bool mnuNewSubEntry(frmMDI& form);
-bool mnuEditEntry(frmMDI& form);
-bool mnuDeleteEntry(frmMDI& form);
-bool mnuRelinkEntry(frmMDI& form);
 /// Puts the current entry on the clipboard as text.
 bool mnuKopieren(frmMDI& form);
 /// Puts the picture of the active browser's entry on the clipboard.
