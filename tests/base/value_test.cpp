@@ -3,22 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
+#include "support/error_of.h"
 
 namespace {
 
 using base::DateTime;
 using base::formatDate;
 using base::Value;
-
-template <class Do>
-int errorOf(Do action) {
-  try {
-    action();
-  } catch (const base::Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 TEST(ValueTest, ReadsNumbersFromTextAsTheDialectDoes) {
   EXPECT_EQ(Value("12").asInteger(), 12);

@@ -6,19 +6,11 @@
 #include <csignal>
 
 #include "stored_words.h"
+#include "support/error_of.h"
 
 using namespace stored;
 
 namespace {
-
-int errorOf(const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const engine::Error& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 void expectSame(const Content& one, const Content& other) {
   EXPECT_EQ(one.headwords, other.headwords);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/sql/parser.h"
+#include "support/error_of.h"
 #include "words.h"
 
 namespace {
@@ -15,17 +16,6 @@ using engine::Error;
 using engine::Parameters;
 using engine::Value;
 namespace errors = engine::errors;
-
-template <class Call>
-int errorOf(Call&& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    EXPECT_FALSE(error.text().empty());
-    return error.number();
-  }
-  return 0;
-}
 
 class ExecuteTest : public test::Words {
  protected:

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/workspace.h"
+#include "support/error_of.h"
 #include "support/temp_dir.h"
 
 namespace test {
@@ -77,17 +78,6 @@ class Words : public ::testing::Test {
       return value.isNull() ? "(null)" : value.asText();
     } catch (const engine::Error& error) {
       return error.number() == 3167 ? "(gone)" : "(" + std::to_string(error.number()) + ")";
-    }
-  }
-
-  /// The number of the error that an operation ends in, 0 when it succeeds.
-  template <class Operation>
-  static int errorOf(Operation&& operation) {
-    try {
-      operation();
-      return 0;
-    } catch (const engine::Error& error) {
-      return error.number();
     }
   }
 

@@ -8,6 +8,7 @@
 #include "engine/storage/attached_file.h"
 #include "engine/storage/connection.h"
 #include "engine/storage/writer.h"
+#include "support/error_of.h"
 #include "support/temp_dir.h"
 
 namespace engine::storage {
@@ -39,18 +40,6 @@ inline void createWords(AttachedFile& file) {
                     {}});
   file.appendRelation({"WW", "Woerterbuch", "Wortbedeutung", "ID_Woerterbuch", "ID_Woerterbuch", 4352});
   file.appendRelation({"WB", "wortbedeutung", "wortbedbsp", "id_wortbedeutung", "id_wortbedeutung", 4352});
-}
-
-/// Runs what throws an Error and gives its number; 0 when it does not throw.
-template <class Call>
-int errorOf(Call&& call) {
-  try {
-    call();
-  } catch (const Error& error) {
-    EXPECT_FALSE(error.text().empty());
-    return error.number();
-  }
-  return 0;
 }
 
 inline std::int64_t number(Connection& connection, const std::string& select) {

@@ -15,6 +15,7 @@
 #include "store/locale.h"
 #include "store/open.h"
 #include "store/settings_row.h"
+#include "support/error_of.h"
 #include "support/test_session.h"
 
 /// Dictionaries on real files in a home of their own.
@@ -94,17 +95,6 @@ class StoreTest : public testing::Test {
     engine::Recordset set = db().OpenRecordset("select count(*) from " + table);
     return set.value(0).asInteger();
   }
-  /// The number of the Error that an operation throws, 0 for none.
-  template <class Operation>
-  static int errorOf(Operation&& operation) {
-    try {
-      operation();
-    } catch (const base::Error& error) {
-      return error.number();
-    }
-    return 0;
-  }
-
   TestSession t;
   session::Session& s = t.session;
 };
