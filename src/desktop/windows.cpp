@@ -1,7 +1,6 @@
 #include "desktop/windows.h"
 
 #include <QApplication>
-#include <memory>
 
 #include "base/error.h"
 #include "desktop/browse/filter_window.h"
@@ -22,37 +21,37 @@ namespace {
 
 struct Kind {
   const char* formName;
-  std::unique_ptr<Dialog> (*make)(Gate&, QWidget*, platform::Form&);
+  void (*build)(Dialog&, platform::Form&);
 };
 
-template <class Form, std::unique_ptr<Dialog> (*make)(Gate&, QWidget*, Form&)>
-std::unique_ptr<Dialog> made(Gate& gate, QWidget* parent, platform::Form& form) {
-  return make(gate, parent, dynamic_cast<Form&>(form));
+template <class Form, void (*build)(Dialog&, Form&)>
+void built(Dialog& dialog, platform::Form& form) {
+  build(dialog, dynamic_cast<Form&>(form));
 }
 
 /// Every modal form and its window.
 constexpr Kind kinds[] = {
-    {"firstent", made<frame::firstent, makeWizard>},
-    {"frmAutokat", made<entry::frmAutokat, makeAutokat>},
-    {"frmBackup", made<store::frmBackup, makeBackup>},
-    {"frmChooseDBType", made<frame::frmChooseDBType, makeChooseType>},
-    {"frmConfig", made<frame::frmConfig, makeConfig>},
-    {"frmDeleteEigenschaftSach", made<entry::frmDeleteEigenschaftSach, makeDeleteEigenschaftSach>},
+    {"firstent", built<frame::firstent, buildWizard>},
+    {"frmAutokat", built<entry::frmAutokat, buildAutokat>},
+    {"frmBackup", built<store::frmBackup, buildBackup>},
+    {"frmChooseDBType", built<frame::frmChooseDBType, buildChooseType>},
+    {"frmConfig", built<frame::frmConfig, buildConfig>},
+    {"frmDeleteEigenschaftSach", built<entry::frmDeleteEigenschaftSach, buildDeleteEigenschaftSach>},
     {"frmDeleteEintragEigenschaftSach",
-     made<entry::frmDeleteEintragEigenschaftSach, makeDeleteEintragEigenschaftSach>},
-    {"frmDeleteEntries", made<entry::frmDeleteEntries, makeDeleteEntries>},
-    {"frmEintrag", made<entry::frmEintrag, makeEditor>},
-    {"frmEnvironment", made<entry::frmEnvironment, makeEnvironment>},
-    {"frmFastEntry", made<entry::frmFastEntry, makeFastEntry>},
-    {"frmFilter", made<browse::frmFilter, makeFilter>},
-    {"frmHistory", made<entry::frmHistory, makeHistory>},
-    {"frmNewKateg", made<entry::frmNewKateg, makeNewKateg>},
-    {"frmRelink", made<entry::frmRelink, makeRelink>},
-    {"frmSearch", made<browse::frmSearch, makeSearch>},
-    {"frmSearchSelectedWord", made<browse::frmSearchSelectedWord, makeLookUp>},
-    {"frmServices", made<entry::frmServices, makeServices>},
-    {"frmSoundInfo", made<entry::frmSoundInfo, makeSoundInfo>},
-    {"frmVollBild", made<entry::frmVollBild, makeVollBild>},
+     built<entry::frmDeleteEintragEigenschaftSach, buildDeleteEintragEigenschaftSach>},
+    {"frmDeleteEntries", built<entry::frmDeleteEntries, buildDeleteEntries>},
+    {"frmEintrag", built<entry::frmEintrag, buildEditor>},
+    {"frmEnvironment", built<entry::frmEnvironment, buildEnvironment>},
+    {"frmFastEntry", built<entry::frmFastEntry, buildFastEntry>},
+    {"frmFilter", built<browse::frmFilter, buildFilter>},
+    {"frmHistory", built<entry::frmHistory, buildHistory>},
+    {"frmNewKateg", built<entry::frmNewKateg, buildNewKateg>},
+    {"frmRelink", built<entry::frmRelink, buildRelink>},
+    {"frmSearch", built<browse::frmSearch, buildSearch>},
+    {"frmSearchSelectedWord", built<browse::frmSearchSelectedWord, buildLookUp>},
+    {"frmServices", built<entry::frmServices, buildServices>},
+    {"frmSoundInfo", built<entry::frmSoundInfo, buildSoundInfo>},
+    {"frmVollBild", built<entry::frmVollBild, buildVollBild>},
 };
 
 }  // namespace
@@ -62,7 +61,9 @@ void showForm(Gate& gate, QWidget* parent, platform::Form& form) {
     if (form.formName != kind.formName) continue;
     const Gate::Nested nested(gate);
     QWidget* above = QApplication::activeModalWidget();
-    kind.make(gate, above != nullptr ? above : parent, form)->run();
+    Dialog dialog(gate, above != nullptr ? above : parent, form.formName);
+    kind.build(dialog, form);
+    dialog.run();
     return;
   }
   throw base::Error(5, "The form " + form.formName + " has no window.");

@@ -141,12 +141,11 @@ QWidget* listBox(Dialog& dialog, frmFilter& form) {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeFilter(Gate& gate, QWidget* parent, frmFilter& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::filter_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  shown->isOpen = [&form] { return form.visible; };
-  shown->close = [&form] { form.visible = false; };
+void buildFilter(Dialog& dialog, frmFilter& form) {
+  dialog.showTitle(label::filter_title);
+  Face& face = dialog.face;
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { form.visible = false; };
   auto* scope = new QHBoxLayout;
   QRadioButton& meanings = face.radio(
       "MeaningLevel", label::filter_meaning_level, [&form] { return form.meaningLevel; },
@@ -159,28 +158,27 @@ std::unique_ptr<Dialog> makeFilter(Gate& gate, QWidget* parent, frmFilter& form)
   face.onDraw([&form, &meanings] { meanings.setVisible(form.meaningLevelShown); });
   auto* lists = new QHBoxLayout;
   lists->addLayout(
-      face.below(label::properties, tickList(*shown, "PropertyList", label::properties, form.properties)));
+      face.below(label::properties, tickList(dialog, "PropertyList", label::properties, form.properties)));
   lists->addLayout(
-      face.below(label::subjects, tickList(*shown, "SubjectList", label::subjects, form.subjects)));
-  lists->addWidget(contentBox(*shown, form));
+      face.below(label::subjects, tickList(dialog, "SubjectList", label::subjects, form.subjects)));
+  lists->addWidget(contentBox(dialog, form));
   auto* dates = new QHBoxLayout;
   dates->addLayout(
-      face.labelled(label::date_from, dateBox(*shown, form, "DateFrom", label::date_from, form.dateFrom)));
+      face.labelled(label::date_from, dateBox(dialog, form, "DateFrom", label::date_from, form.dateFrom)));
   dates->addLayout(
-      face.labelled(label::date_to, dateBox(*shown, form, "DateTo", label::date_to, form.dateTo)));
+      face.labelled(label::date_to, dateBox(dialog, form, "DateTo", label::date_to, form.dateTo)));
   dates->addWidget(&face.check("SubEntries", label::filter_with_sub_entries, form.subEntriesInReports));
   dates->addStretch(1);
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(scope);
   column->addLayout(lists, 1);
   column->addLayout(dates);
-  column->addWidget(listBox(*shown, form));
+  column->addWidget(listBox(dialog, form));
   column->addLayout(
-      shown->buttonRow({&face.button("Reset", label::filter_reset, [&form] { browse::resetFilter(form); })},
+      dialog.buttonRow({&face.button("Reset", label::filter_reset, [&form] { browse::resetFilter(form); })},
                        {&face.button("OK", label::ok, [&form] { browse::confirmFilter(form); }),
                         &face.button("Cancel", label::cancel, [&form] { form.visible = false; })}));
-  shown->resize(900, 560);
-  return dialog;
+  dialog.resize(900, 560);
 }
 
 }  // namespace desktop

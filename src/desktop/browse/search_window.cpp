@@ -92,14 +92,11 @@ QWidget* hierarchyBox(Dialog& dialog, Form& form, const char* mainName, const ch
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, frmSearch& form) {
-  auto dialog = std::make_unique<Dialog>(
-      gate, parent, form.formName,
-      form.mode == browse::SearchMode::goTo ? label::goto_title : label::search_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  shown->isOpen = [&form] { return form.visible; };
-  shown->close = [&form] { browse::closeSearch(form); };
+void buildSearch(Dialog& dialog, frmSearch& form) {
+  dialog.showTitle(form.mode == browse::SearchMode::goTo ? label::goto_title : label::search_title);
+  Face& face = dialog.face;
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { browse::closeSearch(form); };
   QLineEdit& box = face.line("TextBox1", label::search, form.searchText,
                              [&form](const std::string& text) { browse::TextBox1_Change(form, text); });
   box.setClearButtonEnabled(true);
@@ -108,8 +105,8 @@ std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, frmSearch& form)
   QPushButton& start =
       face.button("Command1_0", label::search, search, [&form] { return form.searchEnabled; });
   start.setVisible(form.mode == browse::SearchMode::full);
-  QObject::connect(&box, &QLineEdit::returnPressed, shown, [shown, &form] {
-    shown->face.run([&] {
+  QObject::connect(&box, &QLineEdit::returnPressed, &dialog, [&dialog, &form] {
+    dialog.face.run([&] {
       if (form.mode == browse::SearchMode::full)
         browse::runSearch(form);
       else if (form.jumpEnabled)
@@ -121,44 +118,42 @@ std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, frmSearch& form)
   typed->addWidget(&start);
 
   Grid *hits = nullptr, *owners = nullptr;
-  QWidget* hitBox = resultBox(*shown, "DataGrid1", label::search_hits, form.hits, hits);
-  QWidget* ownerBox = resultBox(*shown, "DataGrid2", label::search_owner, form.owners, owners);
-  hits->selected = [shown, &form](int row) { shown->face.run([&] { browse::selectHit(form, row); }); };
-  owners->selected = [shown, &form](int row) { shown->face.run([&] { browse::selectOwner(form, row); }); };
-  const auto jump = [shown, &form](int) { shown->face.run([&] { browse::jump(form); }); };
+  QWidget* hitBox = resultBox(dialog, "DataGrid1", label::search_hits, form.hits, hits);
+  QWidget* ownerBox = resultBox(dialog, "DataGrid2", label::search_owner, form.owners, owners);
+  hits->selected = [&dialog, &form](int row) { dialog.face.run([&] { browse::selectHit(form, row); }); };
+  owners->selected = [&dialog, &form](int row) { dialog.face.run([&] { browse::selectOwner(form, row); }); };
+  const auto jump = [&dialog, &form](int) { dialog.face.run([&] { browse::jump(form); }); };
   hits->activated = jump;
   owners->activated = jump;
   auto* lists = new QHBoxLayout;
   lists->addWidget(hitBox, 3);
   lists->addWidget(ownerBox, 2);
   QLabel& status = face.shown("StatusLabel", [&form] { return form.statusLabel; });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(typed);
-  column->addWidget(options(*shown, form));
-  column->addWidget(matchBox(*shown, form));
+  column->addWidget(options(dialog, form));
+  column->addWidget(matchBox(dialog, form));
   column->addLayout(lists, 3);
   column->addWidget(
       hierarchyBox(
-          *shown, form, "DataGrid4", "DataGrid3",
+          dialog, form, "DataGrid4", "DataGrid3",
           [&form](browse::ResultGrid& grid, int row) { browse::showRelated(form, grid, row); },
           [&form](browse::ResultGrid& grid, int row) { browse::jumpToRelated(form, grid, row); }),
       2);
-  column->addLayout(shown->buttonRow(
+  column->addLayout(dialog.buttonRow(
       {&status}, {&face.button(
                       "Command1_2", label::search_jump, [&form] { browse::jump(form); },
                       [&form] { return form.jumpEnabled; }),
                   &face.button("Command1_1", label::close, [&form] { browse::closeSearch(form); })}));
   box.setFocus();
-  shown->resize(780, 600);
-  return dialog;
+  dialog.resize(780, 600);
 }
 
-std::unique_ptr<Dialog> makeLookUp(Gate& gate, QWidget* parent, browse::frmSearchSelectedWord& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::lookup_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  shown->isOpen = [&form] { return form.visible; };
-  shown->close = [&form] { browse::closeLookup(form); };
+void buildLookUp(Dialog& dialog, browse::frmSearchSelectedWord& form) {
+  dialog.showTitle(label::lookup_title);
+  Face& face = dialog.face;
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { browse::closeLookup(form); };
   constexpr int captions[] = {label::lookup_in_texts, label::lookup_exact, label::lookup_contains};
   auto* lists = new QHBoxLayout;
   for (std::size_t n = 0; n < form.lists.size(); ++n) {
@@ -167,22 +162,21 @@ std::unique_ptr<Dialog> makeLookUp(Gate& gate, QWidget* parent, browse::frmSearc
         objectName.c_str(), captions[n], [&form, n] { return form.lists[n].List2; }, {},
         [&form, n](int row) { browse::selectRow(form, n, static_cast<std::size_t>(row)); });
     list.setFont(fontNamed(face.session().project.FontFrom));
-    QObject::connect(&list, &QListWidget::itemActivated, shown,
-                     [shown, &form] { shown->face.run([&] { browse::jump(form); }); });
+    QObject::connect(&list, &QListWidget::itemActivated, &dialog,
+                     [&dialog, &form] { dialog.face.run([&] { browse::jump(form); }); });
     lists->addLayout(face.below(captions[n], list));
   }
   QLabel& word = face.shown("Label1", [&form] { return form.Label1; });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addWidget(&word);
   column->addLayout(lists, 3);
-  column->addWidget(hierarchyBox(*shown, form, "DataGrid1", "DataGrid2", {}, {}), 2);
-  column->addLayout(shown->buttonRow(
+  column->addWidget(hierarchyBox(dialog, form, "DataGrid1", "DataGrid2", {}, {}), 2);
+  column->addLayout(dialog.buttonRow(
       {},
       {&face.button(
            "Jump", label::search_jump, [&form] { browse::jump(form); }, [&form] { return form.jumpEnabled; }),
        &face.button("Close", label::close, [&form] { browse::closeLookup(form); })}));
-  shown->resize(780, 560);
-  return dialog;
+  dialog.resize(780, 560);
 }
 
 }  // namespace desktop

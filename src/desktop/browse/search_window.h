@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "browse/frmSearch.h"
 #include "browse/frmSearchSelectedWord.h"
 #include "desktop/kit/dialog.h"
@@ -9,8 +7,8 @@
 namespace desktop {
 
 /// frmSearch, in both modes.
-std::unique_ptr<Dialog> makeSearch(Gate& gate, QWidget* parent, browse::frmSearch& form);
+void buildSearch(Dialog& dialog, browse::frmSearch& form);
 /// frmSearchSelectedWord: what there is to a word that was marked.
-std::unique_ptr<Dialog> makeLookUp(Gate& gate, QWidget* parent, browse::frmSearchSelectedWord& form);
+void buildLookUp(Dialog& dialog, browse::frmSearchSelectedWord& form);
 
 }  // namespace desktop

@@ -124,73 +124,66 @@ QLayout* choiceLists(Dialog& dialog, entry::CatalogueChoice& lists, int catalogu
   return columns;
 }
 
+/// What the two windows that delete by a catalogue differ in.
+struct Deletion {
+  int propertiesTitle, subjectsTitle, chosenCaption;
+  const char* command;
+  int commandCaption;
+};
+
+/// The two lists, `options` below them where there are any, and the command on what was chosen.
+void layOut(Dialog& dialog, const Deletion& deletion, bool properties, entry::CatalogueChoice& lists,
+            QLayout* options, const Face::Operation& remove) {
+  dialog.showTitle(properties ? deletion.propertiesTitle : deletion.subjectsTitle);
+  auto* column = new QVBoxLayout(&dialog);
+  column->addLayout(
+      choiceLists(dialog, lists, properties ? label::properties : label::subjects, deletion.chosenCaption),
+      1);
+  if (options != nullptr) column->addLayout(options);
+  column->addLayout(
+      dialog.buttonRow({}, {&dialog.face.button(deletion.command, deletion.commandCaption, remove,
+                                                [&lists] { return !lists.chosen.empty(); }),
+                            &dialog.closeButton()}));
+  dialog.resize(640, 460);
+}
+
 }  // namespace
 
-std::unique_ptr<Dialog> makeAutokat(Gate& gate, QWidget* parent, entry::frmAutokat& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::automatic_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  auto* column = new QVBoxLayout(shown);
-  column->addWidget(&automaticTabs(*shown, form));
-  for (const AutomaticRow& row : automaticRows) column->addLayout(automaticLists(*shown, form, row), 1);
-  column->addLayout(shown->buttonRow(
+void buildAutokat(Dialog& dialog, entry::frmAutokat& form) {
+  dialog.showTitle(label::automatic_title);
+  Face& face = dialog.face;
+  auto* column = new QVBoxLayout(&dialog);
+  column->addWidget(&automaticTabs(dialog, form));
+  for (const AutomaticRow& row : automaticRows) column->addLayout(automaticLists(dialog, form, row), 1);
+  column->addLayout(dialog.buttonRow(
       {&face.button(
           "ClearAll", label::automatic_clear, [&form] { entry::clearAllFlags(form); },
           [&form] { return !form.properties.flagged.empty() || !form.subjects.flagged.empty(); })},
-      {&face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(620, 560);
-  return dialog;
+      {&dialog.closeButton()}));
+  dialog.resize(620, 560);
 }
 
-std::unique_ptr<Dialog> makeDeleteEigenschaftSach(Gate& gate, QWidget* parent,
-                                                  entry::frmDeleteEigenschaftSach& form) {
-  const bool properties = form.CatalogueDeleteMode;
-  auto dialog =
-      std::make_unique<Dialog>(gate, parent, form.formName,
-                               properties ? label::delete_properties_title : label::delete_subjects_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildDeleteEigenschaftSach(Dialog& dialog, entry::frmDeleteEigenschaftSach& form) {
   auto* scope = new QHBoxLayout;
-  scope->addWidget(&face.radio(
+  scope->addWidget(&dialog.face.radio(
       "Check1", label::delete_from_entries_only, [&form] { return !form.meaningsToo; },
       [&form] { form.meaningsToo = false; }));
-  scope->addWidget(&face.radio(
+  scope->addWidget(&dialog.face.radio(
       "Check2", label::delete_from_meanings_too, [&form] { return form.meaningsToo; },
       [&form] { form.meaningsToo = true; }));
   scope->addStretch(1);
-  auto* column = new QVBoxLayout(shown);
-  column->addLayout(choiceLists(*shown, form.lists, properties ? label::properties : label::subjects,
-                                label::items_to_delete),
-                    1);
-  column->addLayout(scope);
-  column->addLayout(
-      shown->buttonRow({}, {&face.button(
-                                "DeleteItems", label::delete_command, [&form] { entry::deleteItems(form); },
-                                [&form] { return !form.lists.chosen.empty(); }),
-                            &face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(640, 460);
-  return dialog;
+  constexpr Deletion deletion{label::delete_properties_title, label::delete_subjects_title,
+                              label::items_to_delete, "DeleteItems", label::delete_command};
+  layOut(dialog, deletion, form.CatalogueDeleteMode, form.lists, scope,
+         [&form] { entry::deleteItems(form); });
 }
 
-std::unique_ptr<Dialog> makeDeleteEintragEigenschaftSach(Gate& gate, QWidget* parent,
-                                                         entry::frmDeleteEintragEigenschaftSach& form) {
-  const bool properties = form.CatalogueDeleteMode;
-  auto dialog =
-      std::make_unique<Dialog>(gate, parent, form.formName,
-                               properties ? label::delete_by_property_title : label::delete_by_subject_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  auto* column = new QVBoxLayout(shown);
-  column->addLayout(choiceLists(*shown, form.lists, properties ? label::properties : label::subjects,
-                                label::items_of_entries_to_delete),
-                    1);
-  column->addLayout(shown->buttonRow(
-      {}, {&face.button(
-               "DeleteEntries", label::delete_entries_title, [&form] { entry::deleteEntries(form); },
-               [&form] { return !form.lists.chosen.empty(); }),
-           &face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(640, 460);
-  return dialog;
+void buildDeleteEintragEigenschaftSach(Dialog& dialog, entry::frmDeleteEintragEigenschaftSach& form) {
+  constexpr Deletion deletion{label::delete_by_property_title, label::delete_by_subject_title,
+                              label::items_of_entries_to_delete, "DeleteEntries",
+                              label::delete_entries_title};
+  layOut(dialog, deletion, form.CatalogueDeleteMode, form.lists, nullptr,
+         [&form] { entry::deleteEntries(form); });
 }
 
 }  // namespace desktop

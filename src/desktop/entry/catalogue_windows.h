@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "desktop/kit/dialog.h"
 #include "entry/frmAutokat.h"
 #include "entry/frmDeleteEigenschaftSach.h"
@@ -10,10 +8,8 @@
 /// The dialogs that carry items of the catalogues from one list to another.
 namespace desktop {
 
-std::unique_ptr<Dialog> makeAutokat(Gate& gate, QWidget* parent, entry::frmAutokat& form);
-std::unique_ptr<Dialog> makeDeleteEigenschaftSach(Gate& gate, QWidget* parent,
-                                                  entry::frmDeleteEigenschaftSach& form);
-std::unique_ptr<Dialog> makeDeleteEintragEigenschaftSach(Gate& gate, QWidget* parent,
-                                                         entry::frmDeleteEintragEigenschaftSach& form);
+void buildAutokat(Dialog& dialog, entry::frmAutokat& form);
+void buildDeleteEigenschaftSach(Dialog& dialog, entry::frmDeleteEigenschaftSach& form);
+void buildDeleteEintragEigenschaftSach(Dialog& dialog, entry::frmDeleteEintragEigenschaftSach& form);
 
 }  // namespace desktop

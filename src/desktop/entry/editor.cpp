@@ -156,19 +156,18 @@ QWidget* tabPage(Editor& editor, Tab tab, QLayout* content) {
   return page;
 }
 
-std::unique_ptr<Dialog> makeEditor(Gate& gate, QWidget* parent, entry::frmEintrag& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::editor_title);
-  Editor editor{*dialog, dialog->face, form};
-  dialog->start = [&form] { entry::Form_Activate(form); };
-  dialog->isOpen = [&form] { return form.visible; };
-  dialog->close = [&form] { entry::Command7(form); };
-  auto* column = new QVBoxLayout(dialog.get());
-  auto* tabs = new QTabWidget(dialog.get());
+void buildEditor(Dialog& dialog, entry::frmEintrag& form) {
+  dialog.showTitle(label::editor_title);
+  Editor editor{dialog, dialog.face, form};
+  dialog.start = [&form] { entry::Form_Activate(form); };
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { entry::Command7(form); };
+  auto* column = new QVBoxLayout(&dialog);
+  auto* tabs = new QTabWidget(&dialog);
   buildTabs(editor, *tabs);
   column->addWidget(tabs, 1);
   column->addLayout(buildButtons(editor));
-  dialog->resize(860, 600);
-  return dialog;
+  dialog.resize(860, 600);
 }
 
 }  // namespace desktop

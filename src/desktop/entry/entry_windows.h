@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "desktop/kit/dialog.h"
 #include "entry/frmDeleteEntries.h"
 #include "entry/frmFastEntry.h"
@@ -13,11 +11,11 @@
 /// The small dialogs on entries and catalogues, each made over its form.
 namespace desktop {
 
-std::unique_ptr<Dialog> makeRelink(Gate& gate, QWidget* parent, entry::frmRelink& form);
-std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, entry::frmFastEntry& form);
-std::unique_ptr<Dialog> makeHistory(Gate& gate, QWidget* parent, entry::frmHistory& form);
-std::unique_ptr<Dialog> makeDeleteEntries(Gate& gate, QWidget* parent, entry::frmDeleteEntries& form);
-std::unique_ptr<Dialog> makeNewKateg(Gate& gate, QWidget* parent, entry::frmNewKateg& form);
-std::unique_ptr<Dialog> makeServices(Gate& gate, QWidget* parent, entry::frmServices& form);
+void buildRelink(Dialog& dialog, entry::frmRelink& form);
+void buildFastEntry(Dialog& dialog, entry::frmFastEntry& form);
+void buildHistory(Dialog& dialog, entry::frmHistory& form);
+void buildDeleteEntries(Dialog& dialog, entry::frmDeleteEntries& form);
+void buildNewKateg(Dialog& dialog, entry::frmNewKateg& form);
+void buildServices(Dialog& dialog, entry::frmServices& form);
 
 }  // namespace desktop

@@ -25,32 +25,30 @@ Grid& fileTypes(Dialog& dialog, entry::frmEnvironment& form) {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeEnvironment(Gate& gate, QWidget* parent, entry::frmEnvironment& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::environment_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
-  shown->isOpen = [&form] { return form.visible; };
-  shown->close = [&form] { entry::cancelEnvironment(form); };
-  Grid& grid = fileTypes(*shown, form);
+void buildEnvironment(Dialog& dialog, entry::frmEnvironment& form) {
+  dialog.showTitle(label::environment_title);
+  Face& face = dialog.face;
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { entry::cancelEnvironment(form); };
+  Grid& grid = fileTypes(dialog, form);
   const auto remove = [&form, &grid] {
     if (grid.currentRow() >= 0) entry::deleteFileType(form, static_cast<std::size_t>(grid.currentRow()));
   };
   onKeys(grid, {Qt::Key_Delete}, [&face, remove] { face.run(remove); });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addWidget(&grid, 1);
   const auto add = [&grid] {
     const QModelIndex empty = grid.model()->index(grid.model()->rowCount() - 1, 0);
     grid.setCurrentIndex(empty);
     grid.edit(empty);
   };
-  column->addLayout(shown->buttonRow(
+  column->addLayout(dialog.buttonRow(
       {&face.button("AddRow", label::add, add),
        &face.button("RemoveRow", label::remove, remove, [&form] { return !form.DBGrid1.empty(); })},
       {&face.button(
            "Save", label::save, [&form] { entry::saveEnvironment(form); }, [&form] { return form.changed; }),
-       &face.button("Cancel", label::cancel, shown->close)}));
-  shown->resize(620, 420);
-  return dialog;
+       &face.button("Cancel", label::cancel, dialog.close)}));
+  dialog.resize(620, 420);
 }
 
 }  // namespace desktop

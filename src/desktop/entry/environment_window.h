@@ -1,13 +1,11 @@
 #pragma once
 
-#include <memory>
-
 #include "desktop/kit/dialog.h"
 #include "entry/frmEnvironment.h"
 
 namespace desktop {
 
 /// frmEnvironment: file types and the applications that open them. The last row is empty, for a new type.
-std::unique_ptr<Dialog> makeEnvironment(Gate& gate, QWidget* parent, entry::frmEnvironment& form);
+void buildEnvironment(Dialog& dialog, entry::frmEnvironment& form);
 
 }  // namespace desktop

@@ -61,10 +61,9 @@ class Keys : public QObject {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, frmFastEntry& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::fast_entry_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildFastEntry(Dialog& dialog, frmFastEntry& form) {
+  dialog.showTitle(label::fast_entry_title);
+  Face& face = dialog.face;
   auto* grid = new QGridLayout;
   grid->addWidget(&face.label(label::headword), 0, 0);
   const std::array<frmFastEntry::Boxes*, columns> texts = {&form.TextBox1, &form.TextBox2, &form.TextBox3,
@@ -73,7 +72,7 @@ std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, frmFastEntry&
   Boxes boxes{};
   for (std::size_t column = 0; column < columns; ++column) {
     if (column > 0 && form.meaningsShown)
-      grid->addWidget(new QLabel(qt(form.columnHeads[column - 1]), shown), 0, static_cast<int>(column));
+      grid->addWidget(new QLabel(qt(form.columnHeads[column - 1]), &dialog), 0, static_cast<int>(column));
     for (std::size_t row = 0; row < entry::fastRows; ++row) {
       const std::string objectName = "TextBox" + std::to_string(column + 1) + "_" + std::to_string(row);
       QLineEdit& box = face.line(objectName.c_str(), column == 0 ? label::headword : label::meaning,
@@ -92,21 +91,20 @@ std::unique_ptr<Dialog> makeFastEntry(Gate& gate, QWidget* parent, frmFastEntry&
       if (box != before) QWidget::setTabOrder(before, box);
       before = box;
     }
-  new Keys(face, form, boxes, shown);
+  new Keys(face, form, boxes, &dialog);
   QLabel& status = face.shown("StatusLabel", [&form] { return form.statusLabel; });
   face.onDraw([&form, boxes] {
     QLineEdit* box = boxes[form.focusRow][form.focusColumn];
     if (!box->hasFocus()) box->setFocus();
   });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(grid);
   column->addStretch(1);
   column->addWidget(&face.check("Check1", label::fast_entry_check, form.Check1));
-  column->addLayout(
-      shown->buttonRow({&status}, {&face.button("Command3", label::save, [&form] { entry::Command3(form); }),
-                                   &face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(form.meaningsShown ? 860 : 460, 460);
-  return dialog;
+  column->addLayout(dialog.buttonRow(
+      {&status},
+      {&face.button("Command3", label::save, [&form] { entry::Command3(form); }), &dialog.closeButton()}));
+  dialog.resize(form.meaningsShown ? 860 : 460, 460);
 }
 
 }  // namespace desktop

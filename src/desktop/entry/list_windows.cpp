@@ -35,12 +35,9 @@ QDateTimeEdit& dateBox(Dialog& dialog, const char* objectName, int caption, base
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeHistory(Gate& gate, QWidget* parent, entry::frmHistory& form) {
-  auto dialog =
-      std::make_unique<Dialog>(gate, parent, form.formName,
-                               form.HistoryIsNew ? label::history_new_title : label::history_changed_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildHistory(Dialog& dialog, entry::frmHistory& form) {
+  dialog.showTitle(form.HistoryIsNew ? label::history_new_title : label::history_changed_title);
+  Face& face = dialog.face;
   QComboBox& period = face.combo(
       "Combo1", label::all_periods, [&form] { return form.Combo1; },
       [&form] { return form.period.empty() && !form.Combo1.empty() ? form.Combo1.front() : form.period; },
@@ -50,34 +47,32 @@ std::unique_ptr<Dialog> makeHistory(Gate& gate, QWidget* parent, entry::frmHisto
   face.onDraw([&form, &grid] {
     grid.setRecordset(form.Adodc1, {"Begriff", form.HistoryIsNew ? "DateTimeStamp" : "DateLastChange"});
   });
-  const auto jump = [&form, shown] {
-    if (entry::Command1(form)) shown->finish();
+  const auto jump = [&form, &dialog] {
+    if (entry::Command1(form)) dialog.finish();
   };
-  grid.selected = [&form, shown](int row) { shown->face.run([&] { entry::selectRow(form, row); }); };
-  grid.activated = [&form, shown, jump](int row) {
-    shown->face.run([&] {
+  grid.selected = [&form, &dialog](int row) { dialog.face.run([&] { entry::selectRow(form, row); }); };
+  grid.activated = [&form, &dialog, jump](int row) {
+    dialog.face.run([&] {
       entry::selectRow(form, row);
       jump();
     });
   };
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addWidget(&period);
   column->addWidget(&grid, 1);
-  column->addLayout(shown->buttonRow(
+  column->addLayout(dialog.buttonRow(
       {&face.button("Command4", label::history_clear, [&form] { entry::Command4(form); })},
       {&face.button("Command1", label::search_jump, jump, [&form] { return form.SelectedEntryId != 0; }),
-       &face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(620, 480);
-  return dialog;
+       &dialog.closeButton()}));
+  dialog.resize(620, 480);
 }
 
-std::unique_ptr<Dialog> makeDeleteEntries(Gate& gate, QWidget* parent, entry::frmDeleteEntries& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::delete_entries_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildDeleteEntries(Dialog& dialog, entry::frmDeleteEntries& form) {
+  dialog.showTitle(label::delete_entries_title);
+  Face& face = dialog.face;
   auto* range = new QHBoxLayout;
-  QDateTimeEdit& from = dateBox(*shown, "DTPicker1", label::date_from, form.from);
-  QDateTimeEdit& to = dateBox(*shown, "DTPicker2", label::date_to, form.to);
+  QDateTimeEdit& from = dateBox(dialog, "DTPicker1", label::date_from, form.from);
+  QDateTimeEdit& to = dateBox(dialog, "DTPicker2", label::date_to, form.to);
   range->addLayout(face.labelled(label::date_from, from));
   range->addLayout(face.labelled(label::date_to, to));
   range->addStretch(1);
@@ -92,33 +87,30 @@ std::unique_ptr<Dialog> makeDeleteEntries(Gate& gate, QWidget* parent, entry::fr
   Grid& grid = face.grid("DataGrid1", label::headword);
   grid.setHeads({face.caption(label::headword)});
   face.onDraw([&form, &grid] { grid.setRecordset(form.DataGrid1, {"begriff"}); });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(range);
   column->addLayout(kinds);
   column->addWidget(&grid, 1);
   column->addLayout(
-      shown->buttonRow({&face.button("Command4", label::show, [&form] { entry::Command4(form); })},
+      dialog.buttonRow({&face.button("Command4", label::show, [&form] { entry::Command4(form); })},
                        {&face.button("Command1", label::remove,
                                      [&form] {
                                        form.DataGrid1 = {};
                                        entry::Command1(form);
                                      }),
-                        &face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(620, 480);
-  return dialog;
+                        &dialog.closeButton()}));
+  dialog.resize(620, 480);
 }
 
-std::unique_ptr<Dialog> makeNewKateg(Gate& gate, QWidget* parent, entry::frmNewKateg& form) {
-  auto dialog = std::make_unique<Dialog>(
-      gate, parent, form.formName,
-      form.CatalogueIsProperty ? label::catalogue_properties_title : label::catalogue_subjects_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildNewKateg(Dialog& dialog, entry::frmNewKateg& form) {
+  dialog.showTitle(form.CatalogueIsProperty ? label::catalogue_properties_title
+                                            : label::catalogue_subjects_title);
+  Face& face = dialog.face;
   Grid& grid = face.grid("DBGrid1", form.CatalogueIsProperty ? label::properties : label::subjects);
   grid.setHeads({face.caption(label::catalogue_name), face.caption(label::abbreviation)});
-  grid.edited = [shown, &form](int row, int column, const std::string& text) {
+  grid.edited = [&dialog, &form](int row, int column, const std::string& text) {
     const auto change = column == 0 ? entry::editName : entry::editAbbreviation;
-    shown->face.run([&] { change(form, static_cast<std::size_t>(row), text); });
+    dialog.face.run([&] { change(form, static_cast<std::size_t>(row), text); });
   };
   face.onDraw([&form, &grid] {
     Grid::Rows rows;
@@ -143,21 +135,19 @@ std::unique_ptr<Dialog> makeNewKateg(Gate& gate, QWidget* parent, entry::frmNewK
   typed->addLayout(face.labelled(label::catalogue_name, itemName), 2);
   typed->addLayout(face.labelled(label::abbreviation, abbreviation), 1);
   typed->addWidget(&add);
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(typed);
   column->addWidget(&grid, 1);
-  column->addLayout(shown->buttonRow(
+  column->addLayout(dialog.buttonRow(
       {&face.button("AddFile", label::catalogue_from_file, [&form] { entry::AddFile(form); })},
-      {&face.button("Close", label::close, [shown] { shown->finish(); })}));
+      {&dialog.closeButton()}));
   itemName.setFocus();
-  shown->resize(600, 480);
-  return dialog;
+  dialog.resize(600, 480);
 }
 
-std::unique_ptr<Dialog> makeServices(Gate& gate, QWidget* parent, entry::frmServices& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::services_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildServices(Dialog& dialog, entry::frmServices& form) {
+  dialog.showTitle(label::services_title);
+  Face& face = dialog.face;
   struct Service {
     const char* objectName;
     int caption;
@@ -165,20 +155,18 @@ std::unique_ptr<Dialog> makeServices(Gate& gate, QWidget* parent, entry::frmServ
   };
   constexpr Service services[] = {{"Command1", menu::mnuBuildMetaSearchIndex, entry::GenerateMetaSearchIndex},
                                   {"Command2", menu::mnuBuildSortBegriff, entry::GenerateSortBegriff}};
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   for (const Service& service : services) {
-    auto* button = new QPushButton(qt(session::menuText(face.session(), service.caption)), shown);
+    auto* button = new QPushButton(qt(session::menuText(face.session(), service.caption)), &dialog);
     name(*button, service.objectName, button->text());
     button->setAutoDefault(false);
-    QObject::connect(button, &QPushButton::clicked, shown,
-                     [shown, &form, run = service.run] { shown->face.run([&] { run(form); }); });
+    QObject::connect(button, &QPushButton::clicked, &dialog,
+                     [&dialog, &form, run = service.run] { dialog.face.run([&] { run(form); }); });
     column->addWidget(button);
   }
   column->addStretch(1);
-  column->addLayout(
-      shown->buttonRow({}, {&face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(420, 180);
-  return dialog;
+  column->addLayout(dialog.buttonRow({}, {&dialog.closeButton()}));
+  dialog.resize(420, 180);
 }
 
 }  // namespace desktop

@@ -71,34 +71,32 @@ void tellKeys(Dialog& dialog, Screen& screen) {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeVollBild(Gate& gate, QWidget* parent, entry::frmVollBild& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::picture);
-  Dialog* shown = dialog.get();
-  const QScreen& screen = *(parent != nullptr ? parent->screen() : shown->screen());
+void buildVollBild(Dialog& dialog, entry::frmVollBild& form) {
+  dialog.showTitle(label::picture);
+  const QScreen& screen =
+      *(dialog.parentWidget() != nullptr ? dialog.parentWidget()->screen() : dialog.screen());
   const QSize dots = (QSizeF(screen.size()) * screen.devicePixelRatio()).toSize();
-  shown->start = [&form, dots] {
+  dialog.start = [&form, dots] {
     form.screenWidth = dots.width();
     form.screenHeight = dots.height();
     entry::BildAnzeigen(form);
   };
-  shown->isOpen = [&form] { return form.visible; };
-  shown->close = [&form] { entry::Form_KeyDown(form, entry::key::escape); };
-  shown->setSizeGripEnabled(false);
-  shown->keepsPlace = false;
-  auto* column = new QVBoxLayout(shown);
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { entry::Form_KeyDown(form, entry::key::escape); };
+  dialog.setSizeGripEnabled(false);
+  dialog.keepsPlace = false;
+  auto* column = new QVBoxLayout(&dialog);
   column->setContentsMargins(0, 0, 0, 0);
-  auto* picture = new Screen(*shown, form);
+  auto* picture = new Screen(dialog, form);
   column->addWidget(picture);
-  tellKeys(*shown, *picture);
-  shown->setGeometry(screen.geometry());
-  shown->setWindowState(Qt::WindowFullScreen);
-  return dialog;
+  tellKeys(dialog, *picture);
+  dialog.setGeometry(screen.geometry());
+  dialog.setWindowState(Qt::WindowFullScreen);
 }
 
-std::unique_ptr<Dialog> makeSoundInfo(Gate& gate, QWidget* parent, entry::frmSoundInfo& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::sound_info_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildSoundInfo(Dialog& dialog, entry::frmSoundInfo& form) {
+  dialog.showTitle(label::sound_info_title);
+  Face& face = dialog.face;
   QLabel& device = face.shown("Device", [&form] { return form.device; });
   device.setWordWrap(true);
   device.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -113,13 +111,11 @@ std::unique_ptr<Dialog> makeSoundInfo(Gate& gate, QWidget* parent, entry::frmSou
       rows.push_back({line.text, line.supported ? "✓" : "–"});
     formats.setRows(rows);
   });
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(head);
   column->addWidget(&formats, 1);
-  column->addLayout(
-      shown->buttonRow({}, {&face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(460, 480);
-  return dialog;
+  column->addLayout(dialog.buttonRow({}, {&dialog.closeButton()}));
+  dialog.resize(460, 480);
 }
 
 }  // namespace desktop

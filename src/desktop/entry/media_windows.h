@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "desktop/kit/dialog.h"
 #include "entry/frmSoundInfo.h"
 #include "entry/frmVollBild.h"
@@ -9,9 +7,9 @@
 namespace desktop {
 
 /// A picture on the full screen, drawn dot by dot where its form places it.
-std::unique_ptr<Dialog> makeVollBild(Gate& gate, QWidget* parent, entry::frmVollBild& form);
+void buildVollBild(Dialog& dialog, entry::frmVollBild& form);
 
 /// What the sound device can do: each format with a mark where it is supported.
-std::unique_ptr<Dialog> makeSoundInfo(Gate& gate, QWidget* parent, entry::frmSoundInfo& form);
+void buildSoundInfo(Dialog& dialog, entry::frmSoundInfo& form);
 
 }  // namespace desktop

@@ -3,17 +3,16 @@
 
 namespace desktop {
 
-std::unique_ptr<Dialog> makeRelink(Gate& gate, QWidget* parent, entry::frmRelink& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::relink_title);
-  Dialog* shown = dialog.get();
-  Face& face = shown->face;
+void buildRelink(Dialog& dialog, entry::frmRelink& form) {
+  dialog.showTitle(label::relink_title);
+  Face& face = dialog.face;
   QLineEdit& search = face.line("Text1", label::relink_target, form.Text1,
                                 [&form](const std::string& text) { entry::Text1_Change(form, text); });
   search.setClearButtonEnabled(true);
   Grid& targets = face.grid("DataGrid1", label::relink_target);
   targets.setHeads({face.caption(label::headword)});
-  targets.selected = [shown, &form](int row) {
-    shown->face.run([&] {
+  targets.selected = [&dialog, &form](int row) {
+    dialog.face.run([&] {
       form.Adodc1.setAbsolutePosition(row);
       form.targetSelected = true;
     });
@@ -24,19 +23,18 @@ std::unique_ptr<Dialog> makeRelink(Gate& gate, QWidget* parent, entry::frmRelink
     bound = form.SQLTemp;
     if (!form.targetSelected) targets.setCurrentRow(-1);
   });
-  const auto closeWhenDone = [shown, &form](bool (*command)(entry::frmRelink&)) {
-    if (command(form)) shown->finish();
+  const auto closeWhenDone = [&dialog, &form](bool (*command)(entry::frmRelink&)) {
+    if (command(form)) dialog.finish();
   };
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   column->addLayout(face.labelled(label::relink_target, search));
   column->addWidget(&targets, 1);
-  column->addLayout(shown->buttonRow(
+  column->addLayout(dialog.buttonRow(
       {&face.button("Command1", label::relink_below, [closeWhenDone] { closeWhenDone(entry::Command1); }),
        &face.button("Command3", label::relink_as_main_entry,
                     [closeWhenDone] { closeWhenDone(entry::Command3); })},
-      {&face.button("Close", label::close, [shown] { shown->finish(); })}));
-  shown->resize(640, 460);
-  return dialog;
+      {&dialog.closeButton()}));
+  dialog.resize(640, 460);
 }
 
 }  // namespace desktop

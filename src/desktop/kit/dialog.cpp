@@ -28,12 +28,15 @@ void keepPlace(session::Session& s, const QWidget& window, const std::string& fo
   stored.setValue(qt(formName), window.saveGeometry());
 }
 
-Dialog::Dialog(Gate& gate, QWidget* parent, const std::string& formName, int title)
+Dialog::Dialog(Gate& gate, QWidget* parent, const std::string& formName)
     : QDialog(parent), face(gate, *this, formName), helpTopic(formName) {
-  setWindowTitle(face.caption(title));
   setModal(true);
   setSizeGripEnabled(true);
   face.onDraw([this] { leaveWhenOver(); });
+}
+
+void Dialog::showTitle(int title) {
+  setWindowTitle(face.caption(title));
 }
 
 void Dialog::run() {
@@ -67,6 +70,10 @@ void Dialog::keyPressEvent(QKeyEvent* event) {
 
 QPushButton& Dialog::helpButton() {
   return face.button("Help", label::help, [this] { session::ShowHelpTopic(face.session(), helpTopic); });
+}
+
+QPushButton& Dialog::closeButton() {
+  return face.button("Close", label::close, [this] { finish(); });
 }
 
 QHBoxLayout* Dialog::buttonRow(std::initializer_list<QWidget*> left, std::initializer_list<QWidget*> right) {

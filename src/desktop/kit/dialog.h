@@ -19,15 +19,16 @@ void keepPlace(session::Session& s, const QWidget& window, const std::string& fo
 /// no behind a command.
 class Dialog : public QDialog {
  public:
+  Dialog(Gate& gate, QWidget* parent, const std::string& formName);
   /// `title` is a key of the labels.
-  Dialog(Gate& gate, QWidget* parent, const std::string& formName, int title);
+  void showTitle(int title);
 
   Face face;
   std::function<void()> start;   ///< the first command of the visit, once the window is there
   std::function<bool()> isOpen;  ///< empty: until `finish`
   std::function<void()> close;   ///< what Escape and the close box do; empty: finish
   bool keepsPlace = true;        ///< opens again where it was and as large
-  std::string helpTopic;         ///< of F1 and the help button: the form's name; empty: no button, the contents page
+  std::string helpTopic;  ///< of F1 and the help button: the form's name; empty: no button, the contents page
 
   /// Shows the window and returns when the visit is over.
   void run();
@@ -35,6 +36,8 @@ class Dialog : public QDialog {
   /// A row of buttons at the lower edge, the last ones at the right; the first is the help button where there
   /// is a topic.
   QPushButton& helpButton();
+  /// A button that finishes the visit.
+  QPushButton& closeButton();
   QHBoxLayout* buttonRow(std::initializer_list<QWidget*> left, std::initializer_list<QWidget*> right);
 
  protected:

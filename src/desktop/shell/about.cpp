@@ -10,7 +10,8 @@ namespace desktop {
 
 void showAbout(Gate& gate, QWidget* parent) {
   const Gate::Nested nested(gate);
-  Dialog dialog(gate, parent, "frmAbout", label::about_title);
+  Dialog dialog(gate, parent, "frmAbout");
+  dialog.showTitle(label::about_title);
   dialog.helpTopic.clear();
   Face& face = dialog.face;
   auto* logo = new QLabel(&dialog);

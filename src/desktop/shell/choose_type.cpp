@@ -16,30 +16,28 @@ constexpr Panel panels[] = {{1, label::type_dictionary, label::type_dictionary_h
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeChooseType(Gate& gate, QWidget* parent, frame::frmChooseDBType& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::choose_type_title);
-  Dialog* shown = dialog.get();
-  shown->close = [&form, shown] {
+void buildChooseType(Dialog& dialog, frame::frmChooseDBType& form) {
+  dialog.showTitle(label::choose_type_title);
+  dialog.close = [&form, &dialog] {
     frame::cancel(form);
-    shown->finish();
+    dialog.finish();
   };
-  auto* column = new QVBoxLayout(shown);
+  auto* column = new QVBoxLayout(&dialog);
   for (const Panel& panel : panels) {
-    auto* button = new QCommandLinkButton(shown->face.caption(panel.caption),
-                                          shown->face.caption(panel.explanation), shown);
+    auto* button = new QCommandLinkButton(dialog.face.caption(panel.caption),
+                                          dialog.face.caption(panel.explanation), &dialog);
     button->setObjectName("Panel_" + QString::number(panel.number));
-    QObject::connect(button, &QCommandLinkButton::clicked, shown, [&form, shown, number = panel.number] {
-      shown->face.run([&] {
+    QObject::connect(button, &QCommandLinkButton::clicked, &dialog, [&form, &dialog, number = panel.number] {
+      dialog.face.run([&] {
         frame::choosePanel(form, number);
-        shown->finish();
+        dialog.finish();
       });
     });
     column->addWidget(button);
   }
   column->addStretch(1);
-  column->addLayout(shown->buttonRow({}, {&shown->face.button("Cancel", label::cancel, shown->close)}));
-  shown->resize(520, 320);
-  return dialog;
+  column->addLayout(dialog.buttonRow({}, {&dialog.face.button("Cancel", label::cancel, dialog.close)}));
+  dialog.resize(520, 320);
 }
 
 }  // namespace desktop

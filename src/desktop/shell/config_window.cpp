@@ -58,19 +58,18 @@ QTabWidget& tabs(const ConfigWindow& window) {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeConfig(Gate& gate, QWidget* parent, frame::frmConfig& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::config_title);
-  const ConfigWindow window{*dialog, dialog->face, form};
-  dialog->isOpen = [&form] { return form.visible; };
-  dialog->close = [&form] { form.visible = false; };
-  auto* column = new QVBoxLayout(dialog.get());
+void buildConfig(Dialog& dialog, frame::frmConfig& form) {
+  dialog.showTitle(label::config_title);
+  const ConfigWindow window{dialog, dialog.face, form};
+  dialog.isOpen = [&form] { return form.visible; };
+  dialog.close = [&form] { form.visible = false; };
+  auto* column = new QVBoxLayout(&dialog);
   column->addWidget(&tabs(window), 1);
   QPushButton& save = window.face.button("OK", label::ok, [&form] { frame::saveConfig(form); });
   save.setDefault(true);
   column->addLayout(
-      dialog->buttonRow({}, {&save, &window.face.button("Cancel", label::cancel, dialog->close)}));
-  dialog->resize(860, 600);
-  return dialog;
+      dialog.buttonRow({}, {&save, &window.face.button("Cancel", label::cancel, dialog.close)}));
+  dialog.resize(860, 600);
 }
 
 }  // namespace desktop

@@ -122,27 +122,26 @@ void buildSteps(Wizard& wizard, QTabWidget& tabs, QHBoxLayout& buttons) {
 
 }  // namespace
 
-std::unique_ptr<Dialog> makeWizard(Gate& gate, QWidget* parent, firstent& form) {
-  auto dialog = std::make_unique<Dialog>(gate, parent, form.formName, label::wizard_title);
-  Wizard wizard{*dialog, dialog->face, form};
-  dialog->isOpen = [&form] { return !form.finished && !form.cancelled; };
-  dialog->close = [&form] { frame::cancel(form); };
-  auto* tabs = new QTabWidget(dialog.get());
+void buildWizard(Dialog& dialog, firstent& form) {
+  dialog.showTitle(label::wizard_title);
+  Wizard wizard{dialog, dialog.face, form};
+  dialog.isOpen = [&form] { return !form.finished && !form.cancelled; };
+  dialog.close = [&form] { frame::cancel(form); };
+  auto* tabs = new QTabWidget(&dialog);
   tabs->setObjectName("SSTab1");
-  if (form.hasLanguages) tabs->addTab(languagePage(wizard), dialog->face.caption(label::wizard_languages));
-  tabs->addTab(descriptionPage(wizard), dialog->face.caption(label::wizard_description));
-  tabs->addTab(fontPage(wizard), dialog->face.caption(label::wizard_fonts));
-  tabs->addTab(authorPage(wizard), dialog->face.caption(label::wizard_author));
+  if (form.hasLanguages) tabs->addTab(languagePage(wizard), dialog.face.caption(label::wizard_languages));
+  tabs->addTab(descriptionPage(wizard), dialog.face.caption(label::wizard_description));
+  tabs->addTab(fontPage(wizard), dialog.face.caption(label::wizard_fonts));
+  tabs->addTab(authorPage(wizard), dialog.face.caption(label::wizard_author));
   auto* buttons = new QHBoxLayout;
-  buttons->addWidget(&dialog->helpButton());
+  buttons->addWidget(&dialog.helpButton());
   buttons->addStretch(1);
   buildSteps(wizard, *tabs, *buttons);
-  buttons->addWidget(&dialog->face.button("Cancel", label::cancel, dialog->close));
-  auto* column = new QVBoxLayout(dialog.get());
+  buttons->addWidget(&dialog.face.button("Cancel", label::cancel, dialog.close));
+  auto* column = new QVBoxLayout(&dialog);
   column->addWidget(tabs, 1);
   column->addLayout(buttons);
-  dialog->resize(820, 560);
-  return dialog;
+  dialog.resize(820, 560);
 }
 
 }  // namespace desktop
