@@ -1,6 +1,7 @@
 #include "shell/frame/config_fields.h"
 
 #include <algorithm>
+#include <span>
 
 #include "base/text.h"
 #include "engine/types/types.h"
@@ -11,54 +12,77 @@ namespace {
 using enum ConfigTab;
 using enum FieldKind;
 
+struct Row {
+  const char* name;
+  FieldKind kind;
+  ConfigTab tab;
+  const char* control = "";
+  const char* group = "";
+  bool takesEmpty = false;
+};
+
+constexpr Row takingEmpty(Row row) {
+  row.takesEmpty = true;
+  return row;
+}
+
 // The settings row in its documented order; behind it the settings that follow the author's taste alone.
-std::vector<ConfigField> settingsFields() {
-  constexpr const char* row = "Sprache";
-  return {
-      {"LastReportTableUpdate", row, date, reports, "Text10", ""},
-      {"UebersetzungVon", row, text, languages, "Grid1", "", true},
-      {"UebersetzungNach", row, text, languages, "Grid2", "", true},
-      {"khz11", row, option, sound, "khz11", "khz"},
-      {"khz22", row, option, sound, "khz22", "khz"},
-      {"khz44", row, option, sound, "khz44", "khz"},
-      {"bit8", row, option, sound, "bit8", "bit"},
-      {"bit16", row, option, sound, "bit16", "bit"},
-      {"EinKanal", row, option, sound, "one", "Kanal"},
-      {"ZweiKanal", row, option, sound, "two", "Kanal"},
-      {"Anwendungssprache", row, truth, program, "", ""},
-      {"Sortierreihenfolge", row, text, sorting, "List2", ""},
-      {"Lautschrift", row, text, sorting, "List3", ""},
-      {"SchriftVon", row, text, sorting, "List4", ""},
-      {"SchriftNach", row, text, sorting, "List5", ""},
-      {"SchriftBemerkung", row, text, sorting, "List6", ""},
-      {"RightToLeftFrom", row, truth, languages, "", ""},
-      {"RightToLeftTo", row, truth, languages, "", ""},
-      {"NewIconPath", row, text, publishing, "Text1", "", true},
-      {"NewNumberOfDays", row, number, publishing, "", ""},
-      {"StyleSheetPath", row, text, publishing, "", "", true},
-      {"XMLStyleSheetPath", row, text, publishing, "", ""},
-      {"SteuerzeichenFeld", row, text, entry, "", "", true},
-      {"SteuerzeichenSatz", row, text, entry, "", "", true},
-      {"EnumMeaning", row, truth, entry, "", ""},
-      {"ShowMeaningsForEditing", row, truth, entry, "", ""},
-      {"Stil1", row, truth, publishing, "", ""},
-      {"Stil2", row, truth, publishing, "", ""},
-      {"UseAbsolutFilePath", row, option, publishing, "", "Path"},
-      {"UseWebsitePath", row, option, publishing, "", "Path"},
-      {"UseRelativPath", row, option, publishing, "", "Path"},
-      {"Blog", row, truth, publishing, "", ""},
-      {"DateFormat", row, text, publishing, "", "", true},
-      {"LautschriftZeichenArialUnicode", row, text, sorting, "", "", true},
-      {"IgnoreAtSort", row, text, entry, "", ""},
-      {"Kurzbeschreibung", row, text, languages, "", ""},
-      {"VerwendungAbkuerzungen", row, truth, entry, "", ""},
-      {"BegriffPruefung", row, truth, entry, "", ""},
-      {"ShowRating", row, truth, publishing, "", ""},
-      {"ShowURLSeparate", row, truth, publishing, "", ""},
-      {"ShowNewIcon", row, truth, publishing, "", ""},
-      {"PictureAsURL", row, truth, publishing, "", ""},
-      {"ObjectAsAltText", row, truth, publishing, "", ""},
-  };
+constexpr Row settingsRows[] = {
+    {"LastReportTableUpdate", date, reports, "Text10"},
+    takingEmpty({"UebersetzungVon", text, languages, "Grid1"}),
+    takingEmpty({"UebersetzungNach", text, languages, "Grid2"}),
+    {"khz11", option, sound, "khz11", "khz"},
+    {"khz22", option, sound, "khz22", "khz"},
+    {"khz44", option, sound, "khz44", "khz"},
+    {"bit8", option, sound, "bit8", "bit"},
+    {"bit16", option, sound, "bit16", "bit"},
+    {"EinKanal", option, sound, "one", "Kanal"},
+    {"ZweiKanal", option, sound, "two", "Kanal"},
+    {"Anwendungssprache", truth, program},
+    {"Sortierreihenfolge", text, sorting, "List2"},
+    {"Lautschrift", text, sorting, "List3"},
+    {"SchriftVon", text, sorting, "List4"},
+    {"SchriftNach", text, sorting, "List5"},
+    {"SchriftBemerkung", text, sorting, "List6"},
+    {"RightToLeftFrom", truth, languages},
+    {"RightToLeftTo", truth, languages},
+    takingEmpty({"NewIconPath", text, publishing, "Text1"}),
+    {"NewNumberOfDays", number, publishing},
+    takingEmpty({"StyleSheetPath", text, publishing}),
+    {"XMLStyleSheetPath", text, publishing},
+    takingEmpty({"SteuerzeichenFeld", text, entry}),
+    takingEmpty({"SteuerzeichenSatz", text, entry}),
+    {"EnumMeaning", truth, entry},
+    {"ShowMeaningsForEditing", truth, entry},
+    {"Stil1", truth, publishing},
+    {"Stil2", truth, publishing},
+    {"UseAbsolutFilePath", option, publishing, "", "Path"},
+    {"UseWebsitePath", option, publishing, "", "Path"},
+    {"UseRelativPath", option, publishing, "", "Path"},
+    {"Blog", truth, publishing},
+    takingEmpty({"DateFormat", text, publishing}),
+    takingEmpty({"LautschriftZeichenArialUnicode", text, sorting}),
+    {"IgnoreAtSort", text, entry},
+    {"Kurzbeschreibung", text, languages},
+    {"VerwendungAbkuerzungen", truth, entry},
+    {"BegriffPruefung", truth, entry},
+    {"ShowRating", truth, publishing},
+    {"ShowURLSeparate", truth, publishing},
+    {"ShowNewIcon", truth, publishing},
+    {"PictureAsURL", truth, publishing},
+    {"ObjectAsAltText", truth, publishing},
+};
+
+constexpr Row authorRows[] = {
+    takingEmpty({"Autorname", text, author}),
+    takingEmpty({"Copyright", text, author}),
+    takingEmpty({"AutorWebURL", text, author}),
+    takingEmpty({"AutorEMail", text, author}),
+};
+
+void append(std::vector<ConfigField>& fields, const char* table, std::span<const Row> rows) {
+  for (const Row& row : rows)
+    fields.push_back({row.name, table, row.kind, row.tab, row.control, row.group, row.takesEmpty});
 }
 
 void appendPrintFonts(std::vector<ConfigField>& fields) {
@@ -74,10 +98,10 @@ void appendPrintFonts(std::vector<ConfigField>& fields) {
 }
 
 std::vector<ConfigField> makeFields() {
-  std::vector<ConfigField> fields = settingsFields();
+  std::vector<ConfigField> fields;
+  append(fields, "Sprache", settingsRows);
   appendPrintFonts(fields);
-  for (const char* name : {"Autorname", "Copyright", "AutorWebURL", "AutorEMail"})
-    fields.push_back({name, "Autor", text, author, "", "", true});
+  append(fields, "Autor", authorRows);
   return fields;
 }
 
