@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -88,79 +89,76 @@ TEST(Catalogue, TextsThatTheProgramComparesDiffer) {
   expectDistinct({label::starter_property, label::starter_property_2});
 }
 
+/// A piece of a sentence: a text of the catalogue, or what the program puts between.
+struct Piece {
+  Piece(const char* own) : in([own](Language) { return std::string(own); }) {}
+  Piece(std::string (*list)(Language, int), int key) : in([=](Language l) { return list(l, key); }) {}
+  std::function<std::string(Language)> in;
+};
+Piece d(int key) {
+  return {dialog, key};
+}
+Piece l(int key) {
+  return {label, key};
+}
+
 // A sentence made of pieces, as the program joins them.
 TEST(Catalogue, JoinedTextsReadAsSentences) {
-  const auto expectBoth = [](const auto& made, const char* german, const char* english) {
-    EXPECT_EQ(made(Language::german), german);
-    EXPECT_EQ(made(Language::english), english);
+  struct Sentence {
+    std::vector<Piece> pieces;
+    const char *german, *english;
   };
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::the_dictionary) + " A.CVB " + dialog(l, dialog::has_been_compacted) + "!";
-      },
-      "Das Wörterbuch A.CVB wurde komprimiert!", "The dictionary A.CVB has been compacted!");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::the_dictionary) + " A.CVB " + dialog(l, dialog::is_being_repaired);
-      },
-      "Das Wörterbuch A.CVB wird repariert ...", "The dictionary A.CVB is being repaired ...");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::delete_entry_before) + "Haus" + dialog(l, dialog::delete_entry_after);
-      },
-      "Möchten Sie den Eintrag „Haus“ wirklich löschen?", "Do you want to delete the entry “Haus”?");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::last_entry_before) + "A.CVB" + " " + dialog(l, dialog::last_entry_after);
-      },
-      "Der einzige Eintrag des Wörterbuchs A.CVB kann nicht gelöscht werden.",
-      "The only entry of the dictionary A.CVB can not be deleted.");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::not_found_before) + " 'Haus' " + dialog(l, dialog::not_found_after);
-      },
-      "Der Eintrag 'Haus' ist nicht vorhanden. Möchten Sie ihn anlegen?",
-      "The entry 'Haus' does not exist. Do you want to add it?");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::property_before) + "Genus" + dialog(l, dialog::already_present);
-      },
-      "Die Eigenschaft „Genus“ ist bereits vorhanden.", "The property “Genus” is already there.");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::entries_deleted) + "7 " + dialog(l, dialog::of_the_chosen_period);
-      },
-      "Gelöschte Einträge: 7 im gewählten Zeitraum", "Entries deleted: 7 of the chosen period");
-  expectBoth(
-      [](Language l) {
-        return dialog(l, dialog::replace_before) + " 7 " + dialog(l, dialog::replace_question);
-      },
-      "Der gesuchte Text kommt in 7 Datensätzen vor. Möchten Sie ihn dort überall ersetzen?",
-      "The text was found in 7 records. Do you want to replace it in all of them?");
-  expectBoth(
-      [](Language l) {
-        return "Haus" + dialog(l, dialog::wrongly_linked) + dialog(l, dialog::becomes_main_entry);
-      },
-      "Haus: Dieser Eintrag war falsch verknüpft. Er wird wieder zum Haupteintrag.",
-      "Haus: This entry was linked wrongly. It becomes a main entry again.");
-  expectBoth(
-      [](Language l) {
-        return label(l, label::link_question_term) + "Ei" + label(l, label::link_question_hit) + "Huhn" +
-               label(l, label::link_question_target) + "Ei" + label(l, label::link_question_place) + "Huhn" +
-               label(l, label::link_question_end);
-      },
-      "Der Begriff „Ei“ kommt im Eintrag „Huhn“ vor.\n\nSoll ein Querverweis auf „Ei“ beim Eintrag „Huhn“ "
-      "angelegt werden?",
-      "The term “Ei” occurs in the entry “Huhn”.\n\nDo you want to add a cross-reference to “Ei” to the "
-      "entry “Huhn”?");
-  expectBoth(
-      [](Language l) { return label(l, label::close_editor) + " (" + label(l, label::without_saving) + ")"; },
-      "Schließen (ohne Speichern)", "Close (without saving)");
-  expectBoth(
-      [](Language l) {
-        return label(l, label::compacting_before) + " A.CVB " + label(l, label::compacting_after);
-      },
-      "Das Wörterbuch A.CVB wird komprimiert ...", "The dictionary A.CVB is being compacted ...");
+  const Sentence sentences[] = {
+      {{d(dialog::the_dictionary), " A.CVB ", d(dialog::has_been_compacted), "!"},
+       "Das Wörterbuch A.CVB wurde komprimiert!",
+       "The dictionary A.CVB has been compacted!"},
+      {{d(dialog::the_dictionary), " A.CVB ", d(dialog::is_being_repaired)},
+       "Das Wörterbuch A.CVB wird repariert ...",
+       "The dictionary A.CVB is being repaired ..."},
+      {{d(dialog::delete_entry_before), "Haus", d(dialog::delete_entry_after)},
+       "Möchten Sie den Eintrag „Haus“ wirklich löschen?",
+       "Do you want to delete the entry “Haus”?"},
+      {{d(dialog::last_entry_before), "A.CVB", " ", d(dialog::last_entry_after)},
+       "Der einzige Eintrag des Wörterbuchs A.CVB kann nicht gelöscht werden.",
+       "The only entry of the dictionary A.CVB can not be deleted."},
+      {{d(dialog::not_found_before), " 'Haus' ", d(dialog::not_found_after)},
+       "Der Eintrag 'Haus' ist nicht vorhanden. Möchten Sie ihn anlegen?",
+       "The entry 'Haus' does not exist. Do you want to add it?"},
+      {{d(dialog::property_before), "Genus", d(dialog::already_present)},
+       "Die Eigenschaft „Genus“ ist bereits vorhanden.",
+       "The property “Genus” is already there."},
+      {{d(dialog::entries_deleted), "7 ", d(dialog::of_the_chosen_period)},
+       "Gelöschte Einträge: 7 im gewählten Zeitraum",
+       "Entries deleted: 7 of the chosen period"},
+      {{d(dialog::replace_before), " 7 ", d(dialog::replace_question)},
+       "Der gesuchte Text kommt in 7 Datensätzen vor. Möchten Sie ihn dort überall ersetzen?",
+       "The text was found in 7 records. Do you want to replace it in all of them?"},
+      {{"Haus", d(dialog::wrongly_linked), d(dialog::becomes_main_entry)},
+       "Haus: Dieser Eintrag war falsch verknüpft. Er wird wieder zum Haupteintrag.",
+       "Haus: This entry was linked wrongly. It becomes a main entry again."},
+      {{l(label::link_question_term), "Ei", l(label::link_question_hit), "Huhn",
+        l(label::link_question_target), "Ei", l(label::link_question_place), "Huhn",
+        l(label::link_question_end)},
+       "Der Begriff „Ei“ kommt im Eintrag „Huhn“ vor.\n\nSoll ein Querverweis auf „Ei“ beim Eintrag „Huhn“ "
+       "angelegt werden?",
+       "The term “Ei” occurs in the entry “Huhn”.\n\nDo you want to add a cross-reference to “Ei” to the "
+       "entry “Huhn”?"},
+      {{l(label::close_editor), " (", l(label::without_saving), ")"},
+       "Schließen (ohne Speichern)",
+       "Close (without saving)"},
+      {{l(label::compacting_before), " A.CVB ", l(label::compacting_after)},
+       "Das Wörterbuch A.CVB wird komprimiert ...",
+       "The dictionary A.CVB is being compacted ..."},
+  };
+  for (const Sentence& sentence : sentences) {
+    std::string german, english;
+    for (const Piece& piece : sentence.pieces) {
+      german += piece.in(Language::german);
+      english += piece.in(Language::english);
+    }
+    EXPECT_EQ(german, sentence.german);
+    EXPECT_EQ(english, sentence.english);
+  }
 }
 
 // Questions go to a box with yes and no; statements to a box that is only read.

@@ -1,15 +1,10 @@
-// The settings of a dictionary, the applications of file types, the dialogs that carry items of the
-// catalogues between lists, and the help.
+// The settings of a dictionary, and the applications of file types.
 
 #include <gtest/gtest.h>
 
 #include <QRadioButton>
 #include <QSpinBox>
-#include <QTabBar>
-#include <QTextBrowser>
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 
 #include "shell/frame/config_fields.h"
@@ -23,37 +18,6 @@ using enum frame::ConfigTab;
 
 void show(User& user, QWidget& window, frame::ConfigTab tab) {
   user.tab(window, "SSTab1", static_cast<int>(tab));
-}
-
-void inSettings(User& user, const User::Deeds& deeds) {
-  user.in("frmConfig", deeds);
-  user.choose("mnuVocariumConfig");
-  EXPECT_FALSE(user.hasPlans());
-}
-
-/// The texts of a list.
-std::vector<std::string> items(QWidget& window, const char* list) {
-  std::vector<std::string> texts;
-  const auto& found = User::find<QListWidget>(window, list);
-  for (int row = 0; row < found.count(); ++row) texts.push_back(found.item(row)->text().toStdString());
-  return texts;
-}
-
-void take(User& user, QWidget& window, const char* list, const std::string& item) {
-  auto& found = User::find<QListWidget>(window, list);
-  const auto rows = found.findItems(QString::fromStdString(item), Qt::MatchExactly);
-  ASSERT_EQ(rows.size(), 1) << item;
-  found.setCurrentItem(rows.first());
-  user.press(window, list, Qt::Key_Return);
-}
-
-void addCatalogueItem(User& user, const char* menuItem, const std::string& item) {
-  user.in("frmNewKateg", [&, item](QWidget& window) {
-    user.type(window, "Text1", item);
-    user.click(window, "AddItem");
-    user.click(window, "Close");
-  });
-  user.choose(menuItem);
 }
 
 TEST(Config, EverySettingHasAControl) {
@@ -232,143 +196,6 @@ TEST(Environment, FileTypesAreEditedAddedAndRemovedAndSavedAtOnce) {
   EXPECT_EQ(value(user, "select count(*) from Umgebung"), std::to_string(before + 1));
   remove("Save");
   EXPECT_EQ(value(user, "select count(*) from Umgebung"), std::to_string(before));
-}
-
-TEST(Catalogues, AnAutomaticPropertyComesToANewEntryAndTheTabsHaveFlagsOfTheirOwn) {
-  User user;
-  makeDictionary(user, "Gabel");
-  addCatalogueItem(user, "mnuProperties", "Besteck");
-  addCatalogueItem(user, "mnuProperties", "Geschirr");
-  user.in("frmAutokat", [&](QWidget& window) {
-    take(user, window, "List1", "Besteck");
-    EXPECT_EQ(items(window, "List2"), std::vector<std::string>{"Besteck"});
-    User::find<QTabBar>(window, "SSTab1").setCurrentIndex(1);
-    EXPECT_TRUE(items(window, "List2").empty());
-    user.click(window, "Check1");
-    EXPECT_EQ(items(window, "List2"), items(window, "List1"));
-    user.click(window, "ClearAll");
-    User::find<QTabBar>(window, "SSTab1").setCurrentIndex(0);
-    EXPECT_EQ(items(window, "List2"), std::vector<std::string>{"Besteck"});
-    user.click(window, "Close");
-  });
-  user.choose("mnuAutomatic");
-  addEntry(user, "Löffel");
-  EXPECT_EQ(value(user,
-                  "select W.Begriff from Woerterbuch as W, relWoertWKat as R, WKategorie as K "
-                  "where W.ID_Woerterbuch = R.ID_Woerterbuch and R.ID_WKategorie = K.ID_WKategorie and "
-                  "K.Kategorie = 'Besteck'"),
-            "Löffel");
-}
-
-TEST(Catalogues, APropertyGoesWithItsAssignmentsAndItsEntriesStay) {
-  User user;
-  makeDictionary(user, "Gabel");
-  addCatalogueItem(user, "mnuProperties", "Besteck");
-  user.in("frmAutokat", [&](QWidget& window) {
-    take(user, window, "List1", "Besteck");
-    user.click(window, "Close");
-  });
-  user.choose("mnuAutomatic");
-  addEntry(user, "Löffel");
-  const auto open = [&](const char* answer) {
-    user.in("frmDeleteEigenschaftSach", [&, answer](QWidget& window) {
-      EXPECT_FALSE(User::find<QPushButton>(window, "DeleteItems").isEnabled());
-      take(user, window, "List1", "Besteck");
-      take(user, window, "List2", "Besteck");
-      EXPECT_TRUE(items(window, "List2").empty());
-      take(user, window, "List1", "Besteck");
-      user.answer(answer);
-      if (std::string(answer) == "Yes") user.answer("");
-      user.click(window, "DeleteItems");
-      user.click(window, "Close");
-    });
-    user.choose("mnuDeleteEigenschaft");
-  };
-  open("No");
-  EXPECT_EQ(value(user, "select count(*) from relWoertWKat"), "1");
-  open("Yes");
-  EXPECT_EQ(value(user, "select count(*) from WKategorie where Kategorie = 'Besteck'"), "0");
-  EXPECT_EQ(value(user, "select count(*) from relWoertWKat"), "0");
-  EXPECT_EQ(words(user), (std::vector<std::string>{"Gabel", "Löffel"}));
-}
-
-TEST(Catalogues, EntriesAreDeletedByASubjectAndTheListFollows) {
-  User user;
-  makeDictionary(user, "Gabel");
-  addCatalogueItem(user, "mnuSubjects", "Raubtiere");
-  user.in("frmAutokat", [&](QWidget& window) {
-    take(user, window, "List3", "Raubtiere");
-    user.click(window, "Close");
-  });
-  user.choose("mnuAutomatic");
-  addEntry(user, "Löwe");
-  addEntry(user, "Luchs");
-  user.in("frmDeleteEintragEigenschaftSach", [&](QWidget& window) {
-    take(user, window, "List1", "Raubtiere");
-    user.answer("Yes");
-    user.answer("", "2");
-    user.click(window, "DeleteEntries");
-    user.click(window, "Close");
-  });
-  user.choose("mnuDeleteBySubject");
-  EXPECT_EQ(words(user), std::vector<std::string>{"Gabel"});
-  EXPECT_EQ(value(user, "select count(*) from WSachgebiet where Sachgebiet = 'Raubtiere'"), "1");
-}
-
-/// The page of help that is shown below a window; it is closed.
-std::string helpShown(QWidget& window) {
-  auto& page = User::find<QTextBrowser>(window, "HelpPage");
-  const std::string name = page.source().fileName().toStdString();
-  EXPECT_FALSE(page.toPlainText().isEmpty()) << name;
-  page.window()->close();
-  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  return name;
-}
-
-TEST(Help, ADialogShowsItsPageByKeyAndButtonAndLinksLeadOn) {
-  User user(true);
-  makeDictionary(user, "fork");
-  user.choose("mnuHTMLHelp");
-  EXPECT_EQ(helpShown(*user.app->window), "frmWoerter.md");
-  inSettings(user, [&](QWidget& window) {
-    QTest::keyClick(&window, Qt::Key_F1);
-    auto& page = User::find<QTextBrowser>(window, "HelpPage");
-    EXPECT_TRUE(page.source().path().contains("/en/")) << page.source().path().toStdString();
-    user.click(*page.window(), "Contents");
-    EXPECT_EQ(page.source().fileName(), "index.md");
-    user.click(*page.window(), "Back");
-    EXPECT_EQ(helpShown(window), "frmConfig.md");
-    user.click(window, "Help");
-    EXPECT_EQ(helpShown(window), "frmConfig.md");
-    user.click(window, "Cancel");
-  });
-}
-
-TEST(Help, EveryPageIsThereInBothLanguagesAndItsLinksLeadSomewhere) {
-  namespace fs = std::filesystem;
-  User::toolkit();
-  const fs::path help = fs::path(VOCARIUM_BINARY_DIR) / "share/help";
-  const auto pages = [&](const char* language) {
-    std::vector<std::string> names;
-    for (const auto& each : fs::directory_iterator(help / language)) names.push_back(each.path().filename());
-    std::ranges::sort(names);
-    return names;
-  };
-  EXPECT_EQ(pages("de"), pages("en"));
-  for (const char* language : {"de", "en"}) {
-    QTextBrowser browser;
-    browser.setSource(QUrl::fromLocalFile(QString::fromStdString((help / language / "index.md").string())));
-    const QString contents = browser.toMarkdown();
-    for (const std::string& page : pages(language)) {
-      EXPECT_TRUE(page == "index.md" || contents.contains(QString::fromStdString("(" + page + ")"))) << page;
-      std::ifstream file(help / language / page);
-      const std::string text(std::istreambuf_iterator<char>(file), {});
-      for (std::size_t at = text.find("]("); at != std::string::npos; at = text.find("](", at + 1)) {
-        const std::string link = text.substr(at + 2, text.find(')', at) - at - 2);
-        EXPECT_TRUE(fs::exists(help / language / link)) << page << " leads to " << link;
-      }
-    }
-  }
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QCheckBox>
 #include <QDateTimeEdit>
 #include <QLabel>
@@ -58,6 +60,13 @@ inline std::vector<std::string> words(User& user) {
 inline void select(User& user, int row) {
   user.find<QListWidget>("List2").setCurrentRow(row);
   user.settle();
+}
+
+/// Opens the settings of the dictionary.
+inline void inSettings(User& user, const User::Deeds& deeds) {
+  user.in("frmConfig", deeds);
+  user.choose("mnuVocariumConfig");
+  EXPECT_FALSE(user.hasPlans());
 }
 
 /// One value of the open dictionary.

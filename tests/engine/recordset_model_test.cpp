@@ -28,6 +28,10 @@ class RecordsetModel : public test::Words {
     return std::uniform_int_distribution<std::int64_t>(0, limit - 1)(random);
   }
 
+  std::size_t randomPlace(const std::vector<std::size_t>& places) {
+    return static_cast<std::size_t>(upTo(static_cast<std::int64_t>(places.size())));
+  }
+
   std::string word() { return "w" + std::to_string(100 + upTo(900)); }
 
   void fill(int rows) {
@@ -74,6 +78,12 @@ class RecordsetModel : public test::Words {
 
   /// One random step of the set and of the lists. `at` is the member the set stands on, -1 for none.
   void step(Recordset& set, std::int64_t& at);
+  // What a step may be; `places` are the members present.
+  void move(Recordset& set, std::int64_t& at, const std::vector<std::size_t>& places, bool back);
+  void add(Recordset& set);
+  void edit(Recordset& set, std::int64_t at);
+  void remove(Recordset& set, std::int64_t at);
+  void find(Recordset& set, std::int64_t& at, const std::vector<std::size_t>& places);
   void stepOthers();
   void check(Recordset& set, std::int64_t at);
 };
@@ -111,81 +121,96 @@ void RecordsetModel::stepOthers() {
   }
 }
 
+void RecordsetModel::move(Recordset& set, std::int64_t& at, const std::vector<std::size_t>& places,
+                          bool back) {
+  if (at < 0) return;
+  const auto member = static_cast<std::size_t>(at);
+  const auto place =
+      back ? std::ranges::lower_bound(places, member) : std::ranges::upper_bound(places, member);
+  const bool over = place == (back ? places.begin() : places.end());
+  if (back)
+    set.MovePrevious();
+  else
+    set.MoveNext();
+  ASSERT_EQ(back ? set.BeginOfFile() : set.EndOfFile(), over);
+  at = over ? -1 : static_cast<std::int64_t>(back ? *std::prev(place) : *place);
+}
+
+void RecordsetModel::add(Recordset& set) {
+  set.AddNew();
+  const Row row{word(), word(), static_cast<int>(upTo(3))};
+  const std::int64_t id = set["ID_Woerterbuch"].asInteger();
+  table[id] = row;
+  members.push_back({id});
+  write(set, row);
+}
+
+void RecordsetModel::edit(Recordset& set, std::int64_t at) {
+  if (at < 0 || members[static_cast<std::size_t>(at)].removed) return;
+  const std::int64_t id = members[static_cast<std::size_t>(at)].id;
+  if (!table.contains(id)) {
+    ASSERT_EQ(errorOf([&] { set.Edit(); }), 3167);
+    return;
+  }
+  table[id] = {word(), word(), static_cast<int>(upTo(3))};
+  set.Edit();
+  write(set, table[id]);
+}
+
+void RecordsetModel::remove(Recordset& set, std::int64_t at) {
+  if (at < 0) return;
+  Member& member = members[static_cast<std::size_t>(at)];
+  if (!table.contains(member.id)) return;
+  set.Delete();
+  table.erase(member.id);
+  member.removed = true;
+}
+
+void RecordsetModel::find(Recordset& set, std::int64_t& at, const std::vector<std::size_t>& places) {
+  const std::string sought = expected(places[randomPlace(places)]);
+  const std::string criterion =
+      upTo(2) == 0 ? "Begriff = \"" + sought + "\"" : "Begriff & '' = '" + sought + "'";
+  const bool next = upTo(2) == 0 && at >= 0;
+  next ? set.FindNext(criterion) : set.FindFirst(criterion);
+  const auto hit = std::ranges::find_if(places, [&](std::size_t member) {
+    return (!next || static_cast<std::int64_t>(member) > at) && sought != "(gone)" &&
+           expected(member) == sought;
+  });
+  ASSERT_EQ(set.NoMatch(), hit == places.end()) << criterion;
+  if (hit != places.end()) at = static_cast<std::int64_t>(*hit);
+}
+
 void RecordsetModel::step(Recordset& set, std::int64_t& at) {
   const std::vector<std::size_t> places = present();
-  const auto randomPlace = [&] {
-    return static_cast<std::size_t>(upTo(static_cast<std::int64_t>(places.size())));
-  };
   if (places.empty()) return;
   switch (upTo(9)) {
     case 0: {
-      const std::size_t place = randomPlace();
+      const std::size_t place = randomPlace(places);
       set.setAbsolutePosition(static_cast<std::int64_t>(place));
       at = static_cast<std::int64_t>(places[place]);
       break;
     }
     case 1:
-      if (at >= 0) {
-        const auto next = std::ranges::upper_bound(places, static_cast<std::size_t>(at));
-        set.MoveNext();
-        ASSERT_EQ(set.EndOfFile(), next == places.end());
-        at = next == places.end() ? -1 : static_cast<std::int64_t>(*next);
-      }
+      move(set, at, places, false);
       break;
     case 2:
-      if (at >= 0) {
-        const auto here = std::ranges::lower_bound(places, static_cast<std::size_t>(at));
-        set.MovePrevious();
-        ASSERT_EQ(set.BeginOfFile(), here == places.begin());
-        at = here == places.begin() ? -1 : static_cast<std::int64_t>(*std::prev(here));
-      }
+      move(set, at, places, true);
       break;
     case 3:
       upTo(2) == 0 ? set.MoveFirst() : set.MoveLast();
       at = static_cast<std::int64_t>(set.AbsolutePosition() == 0 ? places.front() : places.back());
       break;
-    case 4: {
-      set.AddNew();
-      const Row row{word(), word(), static_cast<int>(upTo(3))};
-      const std::int64_t id = set["ID_Woerterbuch"].asInteger();
-      table[id] = row;
-      members.push_back({id});
-      write(set, row);
+    case 4:
+      add(set);
       break;
-    }
     case 5:
-      if (at >= 0 && !members[static_cast<std::size_t>(at)].removed) {
-        const std::int64_t id = members[static_cast<std::size_t>(at)].id;
-        if (!table.contains(id)) {
-          ASSERT_EQ(errorOf([&] { set.Edit(); }), 3167);
-          break;
-        }
-        table[id] = {word(), word(), static_cast<int>(upTo(3))};
-        set.Edit();
-        write(set, table[id]);
-      }
+      edit(set, at);
       break;
     case 6:
-      if (at >= 0 && table.contains(members[static_cast<std::size_t>(at)].id)) {
-        set.Delete();
-        table.erase(members[static_cast<std::size_t>(at)].id);
-        members[static_cast<std::size_t>(at)].removed = true;
-      }
+      remove(set, at);
       break;
-    default: {
-      const std::size_t place = randomPlace();
-      const std::string sought = expected(places[place]);
-      const std::string criterion =
-          upTo(2) == 0 ? "Begriff = \"" + sought + "\"" : "Begriff & '' = '" + sought + "'";
-      const bool next = upTo(2) == 0 && at >= 0;
-      next ? set.FindNext(criterion) : set.FindFirst(criterion);
-      const auto hit = std::ranges::find_if(places, [&](std::size_t member) {
-        return (!next || static_cast<std::int64_t>(member) > at) && sought != "(gone)" &&
-               expected(member) == sought;
-      });
-      ASSERT_EQ(set.NoMatch(), hit == places.end()) << criterion;
-      if (hit != places.end()) at = static_cast<std::int64_t>(*hit);
-    }
+    default:
+      find(set, at, places);
   }
 }
 

@@ -65,8 +65,56 @@ TEST(Distinct, GoesByValuesAndDropsNothingWhereAKeyIsSelected) {
 struct Linked {
   int entry, link, property;  // 0 for none
 };
+/// Links of entries 1 to 3 to properties 1 and 2. 0 stands for Null, 9 for a property that is not there.
+using Links = std::vector<std::pair<int, int>>;
+
+Links someLinks(std::mt19937& random) {
+  Links links;
+  for (int i = 0; i < 8; ++i) {
+    const int properties[] = {0, 1, 2, 9};
+    links.emplace_back(1 + static_cast<int>(random() % 3), properties[random() % 4]);
+  }
+  return links;
+}
+
+std::string asRows(const Links& links) {
+  std::string rows;
+  for (const auto& [entry, property] : links)
+    rows += (rows.empty() ? "(" : ", (") + std::to_string(entry) + ", " +
+            (property == 0 ? "NULL" : std::to_string(property)) + ", 'v')";
+  return rows;
+}
+
+/// The rows of the outer joins, or those of the inner ones.
+std::vector<Linked> joined(const Links& links, bool outer) {
+  std::vector<Linked> all;
+  for (int entry = 1; entry <= 3; ++entry) {
+    const std::size_t before = all.size();
+    for (std::size_t i = 0; i < links.size(); ++i) {
+      if (links[i].first != entry) continue;
+      const int property = links[i].second == 9 ? 0 : links[i].second;
+      if (outer || property != 0) all.push_back({entry, static_cast<int>(i) + 1, property});
+    }
+    if (outer && all.size() == before) all.push_back({entry, 0, 0});
+  }
+  return all;
+}
+
+template <class Identity>
+std::size_t distinct(const std::vector<Linked>& from, Identity identity) {
+  std::set<std::vector<int>> seen;
+  for (const Linked& row : from) seen.insert(identity(row));
+  return seen.size();
+}
 
 TEST(Distinctrow, DropsRowsThatRepeatTheSelectedTablesRows) {
+  const std::string leftJoins =
+      " FROM (Woerterbuch LEFT JOIN relWoertWKat ON Woerterbuch.ID_Woerterbuch = "
+      "relWoertWKat.ID_Woerterbuch) LEFT "
+      "JOIN WKategorie ON WKategorie.ID_WKategorie = relWoertWKat.ID_WKategorie";
+  const std::string innerJoins =
+      " FROM WKategorie INNER JOIN (Woerterbuch INNER JOIN relWoertWKat ON Woerterbuch.ID_Woerterbuch = "
+      "relWoertWKat.ID_Woerterbuch) ON WKategorie.ID_WKategorie = relWoertWKat.ID_WKategorie";
   std::mt19937 random(7);
   for (int round = 0; round < 30; ++round) {
     test::MemoryFiles files;
@@ -75,40 +123,11 @@ TEST(Distinctrow, DropsRowsThatRepeatTheSelectedTablesRows) {
     // Equal headwords and values, so that DISTINCT would drop more.
     file.run("INSERT INTO d1.Woerterbuch (Begriff) VALUES ('x'), ('x'), ('x')");
     file.run("INSERT INTO d1.WKategorie (Kategorie) VALUES ('k'), ('k')");
-    std::vector<std::pair<int, int>> links;
-    std::string rows;
-    for (int i = 0; i < 8; ++i) {
-      // Also links to nothing: 0 stands for Null, 9 for a property that is not there.
-      const int properties[] = {0, 1, 2, 9};
-      links.emplace_back(1 + static_cast<int>(random() % 3), properties[random() % 4]);
-      rows += (i > 0 ? ", (" : "(") + std::to_string(links.back().first) + ", " +
-              (links.back().second == 0 ? "NULL" : std::to_string(links.back().second)) + ", 'v')";
-    }
+    const Links links = someLinks(random);
+    const std::string rows = asRows(links);
     file.insert("relWoertWKat", rows);
 
-    std::vector<Linked> outer, inner;
-    for (int entry = 1; entry <= 3; ++entry) {
-      const std::size_t before = outer.size();
-      for (std::size_t i = 0; i < links.size(); ++i) {
-        if (links[i].first != entry) continue;
-        const int property = links[i].second == 9 ? 0 : links[i].second;
-        outer.push_back({entry, static_cast<int>(i) + 1, property});
-        if (property != 0) inner.push_back(outer.back());
-      }
-      if (outer.size() == before) outer.push_back({entry, 0, 0});
-    }
-    const auto distinct = [](const std::vector<Linked>& from, auto identity) {
-      std::set<std::vector<int>> seen;
-      for (const Linked& row : from) seen.insert(identity(row));
-      return seen.size();
-    };
-    const std::string leftJoins =
-        " FROM (Woerterbuch LEFT JOIN relWoertWKat ON Woerterbuch.ID_Woerterbuch = "
-        "relWoertWKat.ID_Woerterbuch) LEFT "
-        "JOIN WKategorie ON WKategorie.ID_WKategorie = relWoertWKat.ID_WKategorie";
-    const std::string innerJoins =
-        " FROM WKategorie INNER JOIN (Woerterbuch INNER JOIN relWoertWKat ON Woerterbuch.ID_Woerterbuch = "
-        "relWoertWKat.ID_Woerterbuch) ON WKategorie.ID_WKategorie = relWoertWKat.ID_WKategorie";
+    const std::vector<Linked> outer = joined(links, true), inner = joined(links, false);
     const auto count = [&](const std::string& columns, const std::string& from) {
       const auto plan = files.bind("SELECT DISTINCTROW " + columns + from);
       EXPECT_TRUE(plan.keyed);

@@ -42,6 +42,49 @@ const std::vector<Entry> sample = {
     {"O'Neill", "nur Name", {}, {{1, "n"}}, {}},
     {"leer", "ohne", {{"", {{"Beispiel", "example"}}, {}, {}}}, {}, {}}};
 
+/// Calls `see` with every meaning that is not empty and its entry.
+template <class See>
+void eachMeaning(const See& see) {
+  for (const Entry& e : sample)
+    for (const Meaning& m : e.meanings)
+      if (!m.text.empty()) see(e, m);
+}
+
+/// The rows that the inverted dictionary holds, by loops over the sample.
+struct Inverted {
+  std::multiset<std::string> entries, meaningProperties, meaningSubjects, entryProperties, entrySubjects,
+      examples;
+};
+Inverted invertedSample(const std::string& file) {
+  Inverted all;
+  std::map<std::string, std::vector<const Entry*>> byHeadword;  // what is joined by text
+  std::map<std::string, std::vector<const Meaning*>> byMeaning;
+  eachMeaning([&](const Entry& e, const Meaning& m) {
+    all.entries.insert("|" + m.text + "|" + m.text + "|" + e.headword + "|" + e.note + "|" + file + "|1|1");
+    byMeaning[m.text].push_back(&m);
+  });
+  for (const Entry& e : sample) byHeadword[e.headword].push_back(&e);
+  eachMeaning([&](const Entry& e, const Meaning& m) {
+    for (const Entry* same : byHeadword[e.headword]) {
+      for (const auto& [item, value] : same->properties)
+        all.meaningProperties.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item) + "|" +
+                                     value);
+      for (const std::int64_t item : same->subjects)
+        all.meaningSubjects.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item));
+    }
+    for (const Meaning* same : byMeaning[m.text]) {
+      for (const auto& [item, value] : same->properties)
+        all.entryProperties.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item) + "|" +
+                                   value);
+      for (const std::int64_t item : same->subjects)
+        all.entrySubjects.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item));
+      for (const auto& [sentence, translation] : same->examples)
+        all.examples.insert("|" + m.text + "|" + e.headword + "|" + translation + "|" + sentence);
+    }
+  });
+  return all;
+}
+
 class Inverse : public StoreTest {
  protected:
   /// Fills the open dictionary with the sample.
@@ -89,13 +132,6 @@ class Inverse : public StoreTest {
     }
     return result;
   }
-  /// Calls `see` with every meaning that is not empty and its entry.
-  template <class See>
-  static void eachMeaning(const See& see) {
-    for (const Entry& e : sample)
-      for (const Meaning& m : e.meanings)
-        if (!m.text.empty()) see(e, m);
-  }
 };
 
 TEST_F(Inverse, EachMeaningBecomesAnEntryWithItsHeadwordAsMeaning) {
@@ -113,32 +149,7 @@ TEST_F(Inverse, EachMeaningBecomesAnEntryWithItsHeadwordAsMeaning) {
   EXPECT_TRUE(fs::is_directory(target));
 
   open(target + ".CVB");
-  std::multiset<std::string> entries, meaningProperties, meaningSubjects, entryProperties, entrySubjects,
-      examples;
-  std::map<std::string, std::vector<const Entry*>> byHeadword;  // what is joined by text
-  std::map<std::string, std::vector<const Meaning*>> byMeaning;
-  eachMeaning([&](const Entry& e, const Meaning& m) {
-    entries.insert("|" + m.text + "|" + m.text + "|" + e.headword + "|" + e.note + "|" + base::upper(target) +
-                   ".CVB|1|1");
-    byMeaning[m.text].push_back(&m);
-  });
-  for (const Entry& e : sample) byHeadword[e.headword].push_back(&e);
-  eachMeaning([&](const Entry& e, const Meaning& m) {
-    for (const Entry* same : byHeadword[e.headword]) {
-      for (const auto& [item, value] : same->properties)
-        meaningProperties.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item) + "|" + value);
-      for (const std::int64_t item : same->subjects)
-        meaningSubjects.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item));
-    }
-    for (const Meaning* same : byMeaning[m.text]) {
-      for (const auto& [item, value] : same->properties)
-        entryProperties.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item) + "|" + value);
-      for (const std::int64_t item : same->subjects)
-        entrySubjects.insert("|" + m.text + "|" + e.headword + "|" + std::to_string(item));
-      for (const auto& [sentence, translation] : same->examples)
-        examples.insert("|" + m.text + "|" + e.headword + "|" + translation + "|" + sentence);
-    }
-  });
+  const Inverted expected = invertedSample(base::upper(target) + ".CVB");
   const std::string joined =
       " from (Woerterbuch inner join Wortbedeutung on Woerterbuch.ID_Woerterbuch = "
       "Wortbedeutung.ID_Woerterbuch)";
@@ -147,25 +158,25 @@ TEST_F(Inverse, EachMeaningBecomesAnEntryWithItsHeadwordAsMeaning) {
                 joined +
                 " where ID_Woerterbuch1 = Woerterbuch.ID_Woerterbuch and ID_Wortbedeutung = "
                 "Woerterbuch.ID_Woerterbuch and Unterbegriff = 0"),
-            entries);
+            expected.entries);
   EXPECT_EQ(
       all("select Begriff, Wortbedeutung, ID_WKategorie, KategorieWert" + joined +
           " inner join relWortbedWKat on relWortbedWKat.ID_Wortbedeutung = Wortbedeutung.ID_Wortbedeutung"),
-      meaningProperties);
+      expected.meaningProperties);
   EXPECT_EQ(all("select Begriff, Wortbedeutung, ID_Sachgebiet" + joined +
                 " inner join relWortbedSachgebiet on relWortbedSachgebiet.ID_Wortbedeutung = "
                 "Wortbedeutung.ID_Wortbedeutung"),
-            meaningSubjects);
+            expected.meaningSubjects);
   EXPECT_EQ(all("select Begriff, Wortbedeutung, ID_WKategorie, KategorieWert" + joined +
                 " inner join relWoertWKat on relWoertWKat.ID_Woerterbuch = Woerterbuch.ID_Woerterbuch"),
-            entryProperties);
+            expected.entryProperties);
   EXPECT_EQ(
       all("select Begriff, Wortbedeutung, ID_WSachgebiet" + joined +
           " inner join relWoertSachgebiet on relWoertSachgebiet.ID_Woerterbuch = Woerterbuch.ID_Woerterbuch"),
-      entrySubjects);
+      expected.entrySubjects);
   EXPECT_EQ(all("select Begriff, Wortbedeutung, Beispiel, Beispieluebersetzung" + joined +
                 " inner join WortBedBsp on WortBedBsp.ID_Wortbedeutung = Wortbedeutung.ID_Wortbedeutung"),
-            examples);
+            expected.examples);
   EXPECT_EQ(rows("select UebersetzungVon, UebersetzungNach, AudioPfad from Sprache"),
             "Englisch,Deutsch," + target + "/");
   EXPECT_EQ(rows("select ObjektSchriftart, BedeutungSchriftart from Druckschriften"), "Sans,Serif");
