@@ -94,6 +94,7 @@ bool addItem(frmNewKateg& form) {
   if (!form.addEnabled) return false;
   return session::guard(form.session, form.formName, [&] {
     append(form, {form.Text1, form.Text2});
+    session::commitGathered(form.session);
     Text1_Change(form, "");
     form.Text2.clear();
     bind(form);

@@ -9,6 +9,7 @@
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "engine/rescue.h"
+#include "shell/session/error_sentences.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
@@ -55,6 +56,13 @@ void compact(session::Session& s, const std::string& path, const std::string& lo
   engine::CompactDatabase(*s.files.Workspace, file.string(), sibling.string(), locale, encrypted);
   fs::permissions(sibling, fs::status(file).permissions());
   fs::rename(sibling, file);
+}
+
+/// Says beside what failed that nothing is lost by it.
+base::Error notCompacted(const session::Session& s, const std::string& path, const base::Error& error) {
+  const std::string sentence = session::errorSentence(s, error);
+  return {error.number(), session::dialogText(s, dialog::compaction_failed) + " " + path + s.CRLF +
+                              (sentence.empty() ? "" : sentence + s.CRLF) + error.text()};
 }
 
 /// A file and the text order that a compaction gives to it.
@@ -150,7 +158,7 @@ void CloseCurrentDB(session::Session& s) {
         compactIfItPays(s, each);
       } catch (const base::Error& error) {
         // Another program still works on the file: the last one to close compacts it.
-        if (error.number() != engine::errors::locked) throw;
+        if (error.number() != engine::errors::locked) throw notCompacted(s, each.path, error);
       }
     });
   s.files.CurrentDBPath.clear();

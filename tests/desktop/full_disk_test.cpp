@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "catalogue/dialog.h"
+#include "shell/session/texts.h"
 #include "windows.h"
 
 using namespace windows;
@@ -114,11 +116,38 @@ TEST(FullDisk, RowsOfTheFastEntryAreStoredOnceThereIsRoom) {
   EXPECT_EQ(value(user, "select count(*) from Wortbedeutung"), "1");
 }
 
+TEST(FullDisk, TheWizardStaysWithWhatWasChosenInIt) {
+  User user;
+  const std::string path = user.home / "KUECHE.CVB";
+  user.in("frmChooseDBType", [&](QWidget& window) { user.click(window, "Panel_1"); });
+  user.chooseFile(path);
+  user.in("firstent", [&](QWidget& window) {
+    user.type(window, "SourceLanguage", "Deutsch");
+    user.type(window, "TargetLanguage", "Englisch");
+    user.click(window, "Next");
+    user.type(window, "Description", "Küche");
+    User::find<QListWidget>(window, "List1").setCurrentRow(0);
+    withoutRoom(user, path, [&] { user.click(window, "Command1"); });
+    ASSERT_TRUE(window.isVisible());
+    user.in("frmEintrag", [&](QWidget& editor) {
+      user.type(editor, "HeadwordBox", "Gabel");
+      user.click(editor, "Command1_2");
+    });
+    user.click(window, "Command1");
+  });
+  user.choose("mnuNew");
+  reopen(user, path);
+  EXPECT_EQ(words(user), std::vector<std::string>{"Gabel"});
+  EXPECT_EQ(value(user, "select Kurzbeschreibung from Sprache"), "Küche");
+}
+
 TEST(FullDisk, ClosingTellsThatTheFileCouldNotBeCompactedAndKeepsIt) {
   User user;
   const std::string path = makeDictionary(user, "Gabel");
   addEntry(user, "Löffel");
   withoutRoom(user, path, [&] { user.choose("mnuClose"); });
+  EXPECT_NE(user.told.back().find(session::dialogText(user.app->session, dialog::compaction_failed)),
+            std::string::npos);
   EXPECT_FALSE(user.app->session.files.DBOpen);
   user.chooseFile(path);
   user.choose("mnuOpen");

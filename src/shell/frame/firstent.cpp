@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
+#include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "store/create.h"
 #include "store/locale.h"
@@ -137,6 +138,7 @@ bool finish(firstent& form) {
   store::ImportStandardReports(s);
   writeAuthor(form);
   store::LoadDefaultPrintFonts(s);
+  session::commitGathered(s);
   form.finished = true;
   return true;
 }
