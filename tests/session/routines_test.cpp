@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -45,7 +46,12 @@ TEST(Routines, ACopyAppearsWholeOrNotAtAll) {
   }
   EXPECT_EQ(test::TempDir::read(target), "newer");
   write(t.home / "big", std::string(100000, 'x'));
-  EXPECT_THROW(session::CopyFileTo(t.session, t.home / "big", "/dev/full/x", true), base::Error);
+  try {
+    session::CopyFileTo(t.session, t.home / "big", "/dev/full/x", true);
+    ADD_FAILURE() << "nothing can be written there";
+  } catch (const base::Error& error) {
+    EXPECT_NE(error.text().find("/dev/full/x"), std::string::npos) << error.text();
+  }
 }
 
 TEST(Routines, AFullDiskIsNamedAndKeepsTheOldFile) {
@@ -113,6 +119,26 @@ TEST(Start, PutsTheSystemDatabaseInPlaceOnce) {
   session::placeSystemDatabase(t.session);
   fs::remove(path);
   EXPECT_THROW(session::placeSystemDatabase(t.session), base::Error);
+}
+
+TEST(Start, ALaterSystemDatabaseReplacesACopyThatWasMadeAfterItWasBuilt) {
+  using std::chrono::hours;
+  TestSession t;
+  const auto now = fs::file_time_type::clock::now();
+  const auto ship = [&](const std::string& content, fs::file_time_type built) {
+    for (const char* name : {"corvasys.cvb", "Sys.mda"})
+      fs::last_write_time(t.home.write(std::string("program/share/") + name, content), built);
+  };
+  t.session.folders.ProgramPath = t.home / "program";
+  fs::remove(t.session.folders.SystemDBPath);
+  ship("first", now - hours(50));
+  session::placeSystemDatabase(t.session);
+  ship("second", now - hours(20));
+  session::placeSystemDatabase(t.session);
+  EXPECT_EQ(test::TempDir::read(t.session.folders.SystemDBPath), "second");
+  ship("older", now - hours(30));
+  session::placeSystemDatabase(t.session);
+  EXPECT_EQ(test::TempDir::read(t.session.folders.SystemDBPath), "second");
 }
 
 TEST(Start, FallsBackToTheUsersDataFolder) {

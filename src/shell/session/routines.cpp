@@ -74,9 +74,8 @@ bool CopyFileTo(const Session& s, const std::string& source, const std::string& 
   if (failed) {
     std::error_code ignored;
     fs::remove(written, ignored);
-    throw fileError(failed, (failed == std::errc::no_such_file_or_directory && fs::exists(from, ignored))
-                                ? to.string()
-                                : from.string());
+    const bool readable = std::ifstream(from, std::ios::binary).is_open();
+    throw fileError(failed, readable ? to.string() : from.string());
   }
   takeName(written, to);
   return true;

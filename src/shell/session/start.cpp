@@ -38,6 +38,8 @@ void place(const Session& s, const char* name) {
   if (present && fs::last_write_time(target, failed) >= fs::last_write_time(shipped, failed) && !failed)
     return;
   CopyFileTo(s, shipped.string(), target.string(), true);
+  // Its age is the program's: a later version may have been built before this copy was made.
+  fs::last_write_time(target, fs::last_write_time(shipped));
 }
 
 }  // namespace
