@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <filesystem>
 
 #include "engine/file/raw_file.h"
@@ -41,6 +43,8 @@ RepairReport RepairDatabase(Workspace& workspace, const std::string& path, const
   WorkspaceCore& core = *workspace.impl().core;
   const std::string real = core.resolved(path);
   const file::Credential& credential = core.connection().credential();
+  if (::access(real.c_str(), W_OK) != 0)
+    throw Error(errors::readOnly, "The file " + real + " can only be read.");
   const file::ExclusiveHold hold(real);
   repair::Findings findings;
   const file::LogCheck log = file::verifyLog(real, credential);

@@ -1,8 +1,12 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <random>
 
 #include "engine/file/verify.h"
 #include "stored_words.h"
+#include "support/error_of.h"
 
 using namespace stored;
 
@@ -146,6 +150,28 @@ TEST(Repair, WhatIsNoDictionaryOrAnothersIsNotTouched) {
     }
   EXPECT_EQ(test::TempDir::read(words), before);
   EXPECT_EQ(namesIn(folder.path()), (std::vector<std::string>{"text.cvb", "words.cvb"}));
+}
+
+TEST(Repair, AFileThatCanOnlyBeReadIsToldSoAndCompactedElsewhere) {
+  const test::TempDir folder, other;
+  const std::string path = folder / "words.cvb", target = other / "small.cvb";
+  make(path, 20);
+  for (const std::filesystem::path& open : {folder.path(), other.path()})
+    std::filesystem::permissions(open, std::filesystem::perms::all);
+  std::filesystem::permissions(path, std::filesystem::perms(0444));
+  const pid_t child = ::fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    constexpr uid_t nobody = 65534;  // root may write everything
+    if (::geteuid() == 0 && ::setuid(nobody) != 0) ::_exit(1);
+    engine::Workspace workspace(login);
+    if (errorOf([&] { engine::RepairDatabase(workspace, path); }) != engine::errors::readOnly) ::_exit(2);
+    ::_exit(errorOf([&] { engine::CompactDatabase(workspace, path, target, "", 2); }) == 0 ? 0 : 3);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_EQ(contentOf(target).headwords, contentOf(path).headwords);
 }
 
 TEST(Repair, ALogThatWasLeftBehindIsReadToo) {

@@ -1,6 +1,7 @@
 #include "engine/file/raw_file.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include "engine/types/types.h"
 
@@ -44,9 +45,9 @@ bool RawFile::read(void* to, int size, std::int64_t offset) const {
 }
 
 ExclusiveHold::ExclusiveHold(const std::string& path) {
-  file_ = std::make_unique<RawFile>(path, RawFile::Part::mainFile, true);
-  const bool writable = file_->isOpen();
-  if (!writable) file_ = std::make_unique<RawFile>(path, RawFile::Part::mainFile);
+  // Asked before: SQLite opens for reading what it can not open for writing, and then can not lock it alone.
+  const bool writable = ::access(path.c_str(), W_OK) == 0;
+  file_ = std::make_unique<RawFile>(path, RawFile::Part::mainFile, writable);
   if (!file_->isOpen()) throw Error(errors::permissionDenied, "The file " + path + " can not be opened.");
   const auto* methods = file_->handle()->pMethods;
   int code = methods->xLock(file_->handle(), SQLITE_LOCK_SHARED);
