@@ -75,7 +75,7 @@ void narrow(frmSearch& form) {
            form.searchText);
   DataGrid1Design(form);
   form.hits.visible = true;
-  form.statusLabel = std::to_string(gridRows(form.hits));
+  form.statusLabel = form.hits.complete ? std::to_string(form.hits.known) : "";
 }
 
 /// The first entry with this headword in the current dictionary: of several the one that comes first.
@@ -178,6 +178,11 @@ bool TextBox1_Change(frmSearch& form, const std::string& text) {
   return session::guard(form.session, form.formName, [&] { narrow(form); });
 }
 
+bool showCount(frmSearch& form) {
+  return session::guard(form.session, form.formName,
+                        [&] { form.statusLabel = std::to_string(gridRows(form.hits)); });
+}
+
 bool runSearch(frmSearch& form) {
   auto& s = form.session;
   if (!form.searchEnabled) return true;
@@ -192,14 +197,14 @@ bool runSearch(frmSearch& form) {
       bindGrid(s, form.hits, searchStatement(scopeOf(form), form.match, textMark), view, form.searchText);
     }
     DataGrid1Design(form);
-    form.hits.visible = gridRows(form.hits) > 0;
+    form.hits.visible = hasRow(form.hits, 0);
     if (!form.hits.visible) session::showMessage(s, dialog::nothing_found, platform::box::information);
   });
 }
 
 bool selectHit(frmSearch& form, std::int64_t row) {
   return session::guard(form.session, form.formName, [&] {
-    if (row < 0 || row >= gridRows(form.hits)) return;
+    if (!hasRow(form.hits, row)) return;
     form.hits.selected = row;
     if (form.mode == SearchMode::full && isOwnedScope(form)) {
       showOwners(form, row);
@@ -212,7 +217,7 @@ bool selectHit(frmSearch& form, std::int64_t row) {
 
 bool selectOwner(frmSearch& form, std::int64_t row) {
   return session::guard(form.session, form.formName, [&] {
-    if (row < 0 || row >= gridRows(form.owners)) return;
+    if (!hasRow(form.owners, row)) return;
     form.owners.selected = row;
     takeEntry(form, gridField(form.owners, row, "begriff"), gridField(form.owners, row, "databasename"));
   });
@@ -220,7 +225,7 @@ bool selectOwner(frmSearch& form, std::int64_t row) {
 
 bool showRelated(frmSearch& form, ResultGrid& grid, std::int64_t row) {
   return session::guard(form.session, form.formName, [&] {
-    if (row < 0 || row >= gridRows(grid)) return;
+    if (!hasRow(grid, row)) return;
     grid.selected = row;
     goTo(form, targetIn(grid, row));
   });
@@ -236,7 +241,7 @@ bool jump(frmSearch& form) {
 
 bool jumpToRelated(frmSearch& form, ResultGrid& grid, std::int64_t row) {
   return session::guard(form.session, form.formName, [&] {
-    if (row < 0 || row >= gridRows(grid)) return;
+    if (!hasRow(grid, row)) return;
     const JumpTarget target = targetIn(grid, row);
     closeSearch(form);
     goTo(form, target);

@@ -50,7 +50,7 @@ struct frmSearch : platform::Form {
   std::array<std::string, 3> matchCaptions;
   bool matchEnabled = false;
   bool choicesShown = false;  ///< options and match combo, in full search
-  std::string statusLabel;
+  std::string statusLabel;    ///< number of hits of "go to"; of many, empty until showCount() was called
   bool searchEnabled = true, jumpEnabled = false;  ///< Command1(0), Command1(2)
 
   ResultGrid hits;      ///< DataGrid1
@@ -71,6 +71,8 @@ void setOption(frmSearch& form, int option);
 SearchScope scopeOf(const frmSearch& form);
 /// The search box was typed into: "go to" narrows its list.
 bool TextBox1_Change(frmSearch& form, const std::string& text);
+/// Counts the hits of "go to" into the status label, best when the first of them are on show.
+bool showCount(frmSearch& form);
 /// Command1(0), and Enter in the search box while it is enabled.
 bool runSearch(frmSearch& form);
 /// A row of the hits, counted from 0: shows owners or main and sub-entries.

@@ -140,7 +140,7 @@ bool requery(frmView& form) {
 }
 
 bool canEdit(frmView& form, std::int64_t row, std::size_t column) {
-  if (column >= form.owners.size() || row < 0 || row >= gridRows(form.Adodc1)) return false;
+  if (column >= form.owners.size() || !hasRow(form.Adodc1, row)) return false;
   const CellOwner owner = form.owners[column];
   if (owner == CellOwner::locked || form.session.files.ReadOnlyMode) return false;
   return owner == CellOwner::newMeaning || gridNumber(form.Adodc1, row, rowOf(owner).key) != 0;

@@ -4,10 +4,10 @@
 
 #include "base/text.h"
 #include "browse/dictionary_in_use.h"
-#include "browse/values.h"
 #include "catalogue/label.h"
 #include "shell/session/texts.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -24,8 +24,10 @@ const engine::FieldInfo* findField(const engine::Recordset& rows, const std::str
   return nullptr;
 }
 
+constexpr std::int64_t firstRows = 100;  // more than a grid shows at a time
+
 base::Value fieldValue(ResultGrid& grid, std::int64_t row, const std::string& field) {
-  if (row < 0 || row >= gridRows(grid)) return {};
+  if (!hasRow(grid, row)) return {};
   const engine::FieldInfo* info = findField(grid.rows, field);
   if (info == nullptr) return {};
   if (grid.rows.AbsolutePosition() != row) grid.rows.setAbsolutePosition(row);
@@ -49,14 +51,41 @@ void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, ses
   auto& database = s.files.CurrentDB;
   grid.selected = -1;
   grid.rows = {};
+  grid.known = 0;
+  grid.complete = true;
   auto scratch = database.queryDef("SQLTemp");
   scratch.setScratchSQL(rewritten(s, sql, view, text));
   grid.rows =
       database.OpenRecordset(scratch.SQL(), engine::RecordsetKind::dynaset, {}, engine::Interface::second);
+  grid.complete = false;
+  readOn(grid, firstRows);
 }
 
-std::int64_t gridRows(const ResultGrid& grid) {
-  return grid.rows.isOpen() ? grid.rows.RecordCount() : 0;
+void readOn(ResultGrid& grid, std::int64_t rows) {
+  if (grid.complete) return;
+  engine::Recordset& set = grid.rows;
+  grid.complete = set.EndOfFile() && set.BeginOfFile();
+  if (grid.complete) return;
+  const std::int64_t place = set.AbsolutePosition();
+  set.setAbsolutePosition(std::max<std::int64_t>(grid.known - 1, 0));
+  grid.known = std::max<std::int64_t>(grid.known, 1);
+  for (; rows > 0 && !grid.complete; --rows) {
+    set.MoveNext();
+    grid.complete = set.EndOfFile();
+    if (!grid.complete) ++grid.known;
+  }
+  set.setAbsolutePosition(std::max<std::int64_t>(place, 0));
+}
+
+std::int64_t gridRows(ResultGrid& grid) {
+  if (!grid.rows.isOpen()) return 0;
+  grid.known = grid.rows.RecordCount();
+  grid.complete = true;
+  return grid.known;
+}
+
+bool hasRow(ResultGrid& grid, std::int64_t row) {
+  return row >= 0 && (row < grid.known || row < gridRows(grid));
 }
 
 std::string gridCell(ResultGrid& grid, std::int64_t row, std::size_t column) {
@@ -68,7 +97,7 @@ std::string gridField(ResultGrid& grid, std::int64_t row, const std::string& fie
 }
 
 std::int64_t gridNumber(ResultGrid& grid, std::int64_t row, const std::string& field) {
-  return numberOf(fieldValue(grid, row, field));
+  return store::numberOf(fieldValue(grid, row, field));
 }
 
 std::string quotedText(const std::string& text) {

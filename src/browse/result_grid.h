@@ -18,6 +18,8 @@ struct GridColumn {
 struct ResultGrid {
   engine::Recordset rows;  ///< not open: the grid is empty
   std::vector<GridColumn> columns;
+  std::int64_t known = 0;  ///< rows from the first on that are known to be there ...
+  bool complete = true;    ///< ... and whether those are all
   bool visible = false;
   std::string label;           ///< above the grid
   std::int64_t selected = -1;  ///< row from 0, -1 for none
@@ -32,11 +34,16 @@ std::string rewritten(session::Session& s, const std::string& sql, session::View
                       const std::string& text);
 
 /// Runs a statement over all files of the session, for the view given, and binds the result: the rewritten
-/// statement stands in the scratch query SQLTemp before it runs with the wildcards % and _.
+/// statement stands in the scratch query SQLTemp before it runs with the wildcards % and _. Only the first
+/// rows are looked for; readOn() or gridRows() find the others.
 void bindGrid(session::Session& s, ResultGrid& grid, const std::string& sql, session::View view,
               const std::string& text = {});
 
-std::int64_t gridRows(const ResultGrid& grid);
+/// Looks for up to so many more rows behind those known.
+void readOn(ResultGrid& grid, std::int64_t rows);
+/// All rows, counted at once: as long as it takes.
+std::int64_t gridRows(ResultGrid& grid);
+bool hasRow(ResultGrid& grid, std::int64_t row);
 /// The text of a cell; rows and columns count from 0. Moves the grid's cursor to the row.
 std::string gridCell(ResultGrid& grid, std::int64_t row, std::size_t column);
 /// The text of any field of a row; empty where the result has no such field.

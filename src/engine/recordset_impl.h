@@ -79,6 +79,7 @@ class Recordset::Impl {
   void describeFields();
   RecordsetEntries::Row currentRow(std::size_t field = RecordsetEntries::noField);
   void requireRow() const;
+  bool countsAtOnce() const;
   std::int64_t currentSlot();
   Key currentKey();
   void standAt(std::int64_t slot);

@@ -30,12 +30,11 @@ void Recordset::Impl::open() {
   if (!forwardFrom(0)) {
     standBehind();
   }
-  const bool exact =
-      query_->source().way == Interface::second || query_->source().kind == RecordsetKind::table;
-  if (exact) {
-    entries_->complete();
-    counted_ = true;
-  }
+}
+
+/// Whether the number of rows is told without a MoveLast. They are counted when somebody asks.
+bool Recordset::Impl::countsAtOnce() const {
+  return query_->source().way == Interface::second || query_->source().kind == RecordsetKind::table;
 }
 
 void Recordset::Impl::requery() {
@@ -235,7 +234,8 @@ void Recordset::Impl::move(std::int64_t rows) {
 }
 
 std::int64_t Recordset::Impl::recordCount() {
-  if (counted_) {
+  if (counted_ || countsAtOnce()) {
+    counted_ = true;
     entries_->complete();
     return entries_->keyed() ? entries_->keys().size() : entries_->known();
   }

@@ -142,6 +142,34 @@ TEST_F(Search, TheOptionsSteerTheMatchComboAndTheFonts) {
   EXPECT_FALSE(dialog.matchEnabled);
 }
 
+TEST_F(Search, ManyHitsAreLookedForWhileTheFirstAreOnShow) {
+  for (int n = 100; n < 350; ++n) add({0, "viel" + std::to_string(n), "", "much", "", ""});
+  browse::frmSearch goTo(s, SearchMode::goTo);
+  ASSERT_TRUE(browse::Form_Load(goTo));
+  ASSERT_TRUE(browse::TextBox1_Change(goTo, "viel"));
+  EXPECT_FALSE(goTo.hits.complete);
+  EXPECT_EQ(goTo.statusLabel, "");
+  EXPECT_EQ(browse::gridField(goTo.hits, 5, "begriff"), "viel105");
+  ASSERT_TRUE(browse::showCount(goTo));
+  EXPECT_EQ(goTo.statusLabel, "250");
+
+  search(1, Match::contains, "iel");
+  browse::ResultGrid& hits = dialog.hits;
+  const std::int64_t first = hits.known;
+  ASSERT_TRUE(first > 0 && first < 250) << first;
+  browse::gridField(hits, 7, "begriff");
+  browse::readOn(hits, 30);
+  EXPECT_EQ(hits.known, first + 30);
+  EXPECT_EQ(hits.rows.AbsolutePosition(), 7) << "the row in use stays";
+  // A write while rows are still looked for: the list is what it was when it was opened.
+  add({0, "vieles", "", "many", "", ""});
+  while (!hits.complete) browse::readOn(hits, 30);
+  EXPECT_EQ(hits.known, 250);
+  EXPECT_EQ(browse::gridRows(hits), 250);
+  EXPECT_TRUE(browse::hasRow(hits, 249));
+  EXPECT_FALSE(browse::hasRow(hits, 250));
+}
+
 TEST_F(Search, GoToNarrowsTheHeadwordsAtEachKeystroke) {
   browse::frmSearch goTo(s, SearchMode::goTo);
   ASSERT_TRUE(browse::Form_Load(goTo));

@@ -139,7 +139,7 @@ class IndexedTexts {
       characters.push_back(row->second.first.substr(start, at - start));
     }
     std::string made = "*";
-    const std::size_t length = 2 + random_() % 5;
+    const std::size_t length = 1 + random_() % 6;
     const std::size_t first = characters.empty() ? 0 : random_() % characters.size();
     for (std::size_t i = first; i < std::min(first + length, characters.size()); ++i)
       made += random_() % 15 == 0 ? "?" : random_() % 4 == 0 ? sibling(characters[i]) : characters[i];

@@ -181,10 +181,10 @@ TEST(Like, HostilePatternsStayCheap) {
 // Each text that matches has to lie within the bounds, or an index would lose it.
 TEST(Like, BoundsHoldEveryMatch) {
   std::mt19937 random(11);
-  const std::vector<std::string> letters = {"a",      "A", "c", "C", "h", "s",      "S", "z", "l", "y",
-                                            "i",      "I", "ı", "İ", "ß", "ẞ",      "ä", "Ä", "å", "\u0308",
-                                            "\u030C", "ſ", "µ", "σ", "ς", "\u0345", "ι", "ж", "Ж", "'",
-                                            "-",      " ", "1", "א", "ก", "เ",      "𝄞"};
+  const std::vector<std::string> letters = {
+      "a", "A", "c", "C",      "h",      "s",  "S",  "z", "l",  "y",      "i",  "I",  "ı", "İ",      "ß", "ẞ",
+      "ä", "Ä", "å", "\u0308", "\u030C", "ſ",  "µ",  "σ", "ς",  "\u0345", "ι",  "ж",  "Ж", "'",      "-", " ",
+      "1", "א", "ก", "เ",      "𝄞",      "l·", "L·", "·", "カ", "が",     "ー", "ゝ", "и", "\u0306", "อ"};
   const auto word = [&](std::size_t most) {
     std::string result;
     for (std::size_t n = random() % (most + 1); n > 0; --n) result += letters[random() % letters.size()];

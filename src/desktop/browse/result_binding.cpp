@@ -1,19 +1,34 @@
 #include "desktop/browse/result_binding.h"
 
+#include <QElapsedTimer>
+#include <QTimer>
+
 namespace desktop {
 
 void showResult(Grid& grid, browse::ResultGrid& result) {
   QStringList heads;
   for (const browse::GridColumn& column : result.columns) heads << qt(column.caption);
   if (heads != grid.heads()) grid.setHeads(heads);
-  grid.setSource(browse::gridRows(result), [&result](std::int64_t row, int column) {
+  grid.setSource(result.known, [&result](std::int64_t row, int column) {
     return browse::gridCell(result, row, static_cast<std::size_t>(column));
   });
   grid.setCurrentRow(static_cast<int>(result.selected));
 }
 
+namespace {
+
+/// Looks for further rows as long as nobody notices.
+void readOnForAWhile(browse::ResultGrid& result) {
+  constexpr std::int64_t rowsAtATime = 100;
+  constexpr qint64 unnoticed = 12;  // milliseconds
+  QElapsedTimer since;
+  for (since.start(); !result.complete && since.elapsed() < unnoticed;) browse::readOn(result, rowsAtATime);
+}
+
+}  // namespace
+
 QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::ResultGrid& result,
-                   Grid*& made) {
+                   Grid*& made, std::function<void()> readOn) {
   Face& face = dialog.face;
   auto* box = new QWidget(&dialog);
   auto* column = new QVBoxLayout(box);
@@ -24,6 +39,11 @@ QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::
   text->setBuddy(made);
   column->addWidget(text);
   column->addWidget(made, 1);
+  auto* whenIdle = new QTimer(box);
+  whenIdle->setSingleShot(true);
+  if (!readOn) readOn = [&result] { readOnForAWhile(result); };
+  QObject::connect(whenIdle, &QTimer::timeout, box, [&face, readOn] { face.run(readOn); });
+  face.onDraw([whenIdle, &result] { result.complete ? whenIdle->stop() : whenIdle->start(0); });
   face.onDraw([box, text, grid = made, &result, usual = face.caption(caption)] {
     box->setVisible(result.visible);
     text->setText(result.label.empty() ? usual : qt(result.label));

@@ -1,16 +1,19 @@
 #pragma once
 
+#include <functional>
+
 #include "browse/result_grid.h"
 #include "desktop/kit/dialog.h"
 
 namespace desktop {
 
-/// Shows a result in a grid, row by row as they come into view; call it behind each change.
+/// Shows the known rows of a result in a grid, each as it comes into view; call it behind each change.
 void showResult(Grid& grid, browse::ResultGrid& result);
 
 /// A grid over a result with its caption above it; both are hidden with the result. `result` outlives the
-/// window.
+/// window. Rows that are not known yet are looked for while the user does nothing, by `readOn` if there is
+/// one.
 QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::ResultGrid& result,
-                   Grid*& made);
+                   Grid*& made, std::function<void()> readOn = {});
 
 }  // namespace desktop

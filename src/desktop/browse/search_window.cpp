@@ -118,7 +118,9 @@ void buildSearch(Dialog& dialog, frmSearch& form) {
   typed->addWidget(&start);
 
   Grid *hits = nullptr, *owners = nullptr;
-  QWidget* hitBox = resultBox(dialog, "DataGrid1", label::search_hits, form.hits, hits);
+  std::function<void()> count;
+  if (form.mode == browse::SearchMode::goTo) count = [&form] { browse::showCount(form); };
+  QWidget* hitBox = resultBox(dialog, "DataGrid1", label::search_hits, form.hits, hits, count);
   QWidget* ownerBox = resultBox(dialog, "DataGrid2", label::search_owner, form.owners, owners);
   hits->selected = [&dialog, &form](int row) { dialog.face.run([&] { browse::selectHit(form, row); }); };
   owners->selected = [&dialog, &form](int row) { dialog.face.run([&] { browse::selectOwner(form, row); }); };

@@ -162,6 +162,7 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool n
   if (!isText(operand) || operand.key < 0 || !pattern.constant || !pattern.constant->isText())
     return truth(text, operand, pattern);
   const text::LikePattern like(pattern.constant->text(), second ? 2 : 1, text::collator(collation));
+  if (nullIsFalse && like.matchesAll()) return truth("(" + operand.text + " IS NOT NULL)", operand, pattern);
   const std::string bounds = withinBounds(operand, like, collation);
   text = "(" + bounds + text + ")";
   Bound bound = truth(text, operand, pattern);

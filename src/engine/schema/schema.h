@@ -55,7 +55,7 @@ class Catalog {
   virtual const std::string& collation() const = 0;
   virtual const Table* table(std::string_view name) const = 0;
   virtual const StoredQuery* query(std::string_view name) const = 0;
-  /// A select of row numbers, for SQLite, among them those of all rows in whose column these trigrams stand
+  /// A select of row numbers, for SQLite, among them those of all rows in whose column these grams stand
   /// (text::LikePattern::grams); empty when there is no index of them, or none that helps.
   virtual std::string rowsWithGrams(const Table& /*table*/, int /*column*/,
                                     const std::vector<std::string>& /*grams*/) const {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "base/text.h"
+#include "engine/text/grams.h"
 
 namespace engine::storage {
 
@@ -12,7 +13,7 @@ namespace {
 using schema::quoteName;
 
 // Raised when letters, tables or triggers of the indexes change their form.
-constexpr const char* ownRevision = "1";
+constexpr const char* ownRevision = "2";
 constexpr std::array objects = {"index", "changed", "count"};
 constexpr std::array triggers = {"inserted", "updated"};
 
@@ -105,10 +106,62 @@ std::int64_t rowsNotCovered(const AttachedFile& file, const TextIndexRecord& rec
                             ") + (SELECT count(*) FROM " + inFile(file, nameOf(record, "changed")) + ")");
 }
 
-std::string terms(const std::vector<std::string>& grams) {
+std::string terms(const std::vector<std::string>& grams, const char* between) {
   std::string text;
-  for (const std::string& gram : grams) text += (text.empty() ? "\"" : " \"") + gram + "\"";
+  for (const std::string& gram : grams) text += (text.empty() ? "\"" : between) + gram + "\"";
   return text;
+}
+
+using Counted = std::vector<std::pair<std::int64_t, std::string>>;
+
+/// Rare trigrams alone: reading the list of a frequent one costs more than comparing some rows in vain.
+std::string rarestOf(const AttachedFile& file, const TextIndexRecord& record,
+                     const std::vector<std::string>& grams) {
+  constexpr std::size_t mostTerms = 3;
+  constexpr std::int64_t muchMore = 16;
+  Counted byRows;
+  const StatementLease count = file.connection().statement(
+      "SELECT \"rows\" FROM " + inFile(file, nameOf(record, "count")) + " WHERE \"gram\" = ?1");
+  for (const std::string& gram : grams) {
+    count->bindText(1, gram);
+    byRows.emplace_back(count->step() ? count->integer(0) : 0, gram);
+    count->reset();
+  }
+  std::sort(byRows.begin(), byRows.end());
+  if (byRows.front().first > record.lastRow / 3) return {};
+  std::vector<std::string> rarest;
+  for (const auto& [rows, gram] : byRows)
+    if (rarest.size() < mostTerms && rows <= byRows.front().first * muchMore) rarest.push_back(gram);
+  return terms(rarest, " \"");
+}
+
+/// All trigrams that begin with a letter or a pair of letters, of the gram that stands in the fewest rows.
+/// Where those are many, a walk through all rows comes upon the first hits sooner.
+std::string beginningWith(const AttachedFile& file, const TextIndexRecord& record,
+                          const std::vector<std::string>& grams) {
+  constexpr std::size_t mostTerms = 1000;
+  constexpr const char* behindLetters = "\U0010FFFF";
+  std::int64_t fewest = record.lastRow / 16;
+  std::string best;
+  const StatementLease range =
+      file.connection().statement("SELECT \"rows\", \"gram\" FROM " + inFile(file, nameOf(record, "count")) +
+                                  " WHERE \"gram\" > ?1 AND \"gram\" < ?2");
+  for (const std::string& gram : grams) {
+    range->bindText(1, gram);
+    range->bindText(2, gram + behindLetters);
+    std::int64_t rows = 0;
+    std::vector<std::string> longer{gram + gram + gram};  // never an empty list; it is among them or nowhere
+    longer.back().resize(3 * text::GramLetters::letterSize);
+    while (rows <= fewest && longer.size() <= mostTerms && range->step()) {
+      rows += range->integer(0);
+      longer.emplace_back(range->text(1));
+    }
+    range->reset();
+    if (rows > fewest || longer.size() > mostTerms) continue;
+    fewest = rows;
+    best = terms(longer, " OR \"");
+  }
+  return best;
 }
 
 }  // namespace
@@ -162,32 +215,18 @@ void dropTextIndex(const AttachedFile& file, TextIndexRecord& record) {
 
 std::string rowsWithGrams(const AttachedFile& file, const TextIndexRecord& record,
                           const std::vector<std::string>& grams) {
-  // Rare trigrams alone: reading the list of a frequent one costs more than comparing some rows in vain.
-  constexpr std::size_t mostTerms = 3;
-  constexpr std::int64_t muchMore = 16;
-  std::vector<std::pair<std::int64_t, std::string>> byRows;
-  {
-    const StatementLease count = file.connection().statement(
-        "SELECT \"rows\" FROM " + inFile(file, nameOf(record, "count")) + " WHERE \"gram\" = ?1");
-    for (const std::string& gram : grams) {
-      count->bindText(1, gram);
-      byRows.emplace_back(count->step() ? count->integer(0) : 0, gram);
-      count->reset();
-    }
-  }
-  std::sort(byRows.begin(), byRows.end());
-  if (byRows.empty() || byRows.front().first > record.lastRow / 3) return {};
-  std::vector<std::string> rarest;
-  for (const auto& [rows, gram] : byRows)
-    if (rarest.size() < mostTerms && rows <= byRows.front().first * muchMore) rarest.push_back(gram);
+  if (grams.empty()) return {};
+  const bool whole = grams.front().size() == 3 * text::GramLetters::letterSize;
+  const std::string match = whole ? rarestOf(file, record, grams) : beginningWith(file, record, grams);
+  if (match.empty()) return {};
   const std::string index = nameOf(record, "index");
   const schema::Table& table = file.existingTable(record.table);
   // The number of then is read, not written here, so that a prepared statement holds for an index made anew.
   const std::string last = "(SELECT \"lastRow\" FROM " + inFile(file, "vc$text") +
                            " WHERE \"tableName\" = '" + base::replaceAll(record.table, "'", "''") + "')";
-  return "SELECT rowid FROM " + inFile(file, index) + " WHERE " + quoteName(index) + " MATCH '" +
-         terms(rarest) + "' UNION ALL SELECT \"row\" FROM " + inFile(file, nameOf(record, "changed")) +
-         " UNION ALL SELECT " + counterOf(table) + rowsBehind(file, table, last);
+  return "SELECT rowid FROM " + inFile(file, index) + " WHERE " + quoteName(index) + " MATCH '" + match +
+         "' UNION ALL SELECT \"row\" FROM " + inFile(file, nameOf(record, "changed")) + " UNION ALL SELECT " +
+         counterOf(table) + rowsBehind(file, table, last);
 }
 
 }  // namespace engine::storage

@@ -33,8 +33,8 @@ void copyTextIndex(const AttachedFile& source, const AttachedFile& target, const
 /// Drops the index, its notes and its triggers; the record stays, as of an index that is still to be made.
 void dropTextIndex(const AttachedFile& file, TextIndexRecord& record);
 
-/// A select of row numbers, among them those of all rows with these trigrams in one of the record's columns;
-/// empty where reading all rows is as good.
+/// A select of row numbers, among them those of all rows with these grams, as text::LikePattern has them, in
+/// one of the record's columns; empty where reading all rows is as good.
 std::string rowsWithGrams(const AttachedFile& file, const TextIndexRecord& record,
                           const std::vector<std::string>& grams);
 

@@ -111,7 +111,18 @@ Collator::Collator(const std::string& collation) {
   if (U_FAILURE(status)) throw Error(errors::invalidArgument, "The text order can not be set up.");
 }
 
-// Remembers which characters start a contraction, which ASCII pairs do, and which ASCII characters expand.
+// Whether a contraction sorts where its first character, the `first` units of it, sorts with anything behind
+// it.
+bool Collator::sortsBehind(const UChar* text, std::int32_t first, std::int32_t length) const {
+  std::u16string high(text, text + first);
+  high += u'\uFFFF';
+  return ucol_strcoll(collator_.get(), text, first, text, length) != UCOL_GREATER &&
+         ucol_strcoll(collator_.get(), text, length, high.data(), static_cast<std::int32_t>(high.size())) !=
+             UCOL_GREATER;
+}
+
+// Remembers which characters start a contraction that sorts elsewhere, which ASCII pairs are one, and which
+// ASCII characters expand.
 void Collator::readContractions() {
   UErrorCode status = U_ZERO_ERROR;
   contractionStarts_.reset(uset_openEmpty());
@@ -131,7 +142,7 @@ void Collator::readContractions() {
     UChar32 first = 0;
     std::int32_t at = 0;
     U16_NEXT(text.data(), at, length, first);
-    uset_add(contractionStarts_.get(), first);
+    if (!sortsBehind(text.data(), at, length)) uset_add(contractionStarts_.get(), first);
     if (text[0] < 128 && text[1] < 128) {
       pairs_.set(pairIndex(static_cast<char>(text[0]), static_cast<char>(text[1])));
     }

@@ -38,6 +38,7 @@ class Collator {
 
   void buildAsciiTable();
   void readContractions();
+  bool sortsBehind(const char16_t* text, std::int32_t first, std::int32_t length) const;
   bool standsAlone(std::string_view text, std::size_t i) const;
 
   std::unique_ptr<UCollator, Close> collator_;

@@ -10,6 +10,7 @@ namespace {
 
 // Letters lie where each takes three bytes and none means anything to SQLite.
 constexpr char32_t firstLetter = 0x1000, letters = 0xC000;
+constexpr const char* ending = "\u0FFF\u0FFF";
 
 char32_t hashed(std::string_view key) {
   std::uint32_t hash = 2166136261u;  // FNV-1a
@@ -43,6 +44,7 @@ std::string GramLetters::spell(std::string_view text) {
     const char32_t code = base::nextCodePoint(text, at);
     base::appendCodePoint(spelled, codeOf(code == base::invalidCodePoint ? U'\uFFFD' : code));
   }
+  if (!spelled.empty()) spelled += ending;
   return spelled;
 }
 

@@ -19,7 +19,8 @@ class GramLetters {
   explicit GramLetters(std::shared_ptr<const Collator> collator);
   /// The letter of a character that was folded.
   std::string letter(char32_t folded);
-  /// A text with each character replaced by its letter.
+  /// A text with each character replaced by its letter, and two letters of their own at the end, so that
+  /// some trigram begins with each letter and each pair of letters.
   std::string spell(std::string_view text);
 
  private:

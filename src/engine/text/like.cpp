@@ -143,6 +143,11 @@ bool LikePattern::matches(std::string_view text) const {
   return token == tokens_.size();
 }
 
+bool LikePattern::matchesAll() const {
+  return !tokens_.empty() &&
+         std::ranges::all_of(tokens_, [](const Token& token) { return token.kind == Kind::run; });
+}
+
 std::optional<std::pair<std::string, std::string>> LikePattern::bounds() const {
   std::u32string prefix;
   for (const Token& token : tokens_) {
@@ -166,16 +171,19 @@ std::optional<std::pair<std::string, std::string>> LikePattern::bounds() const {
 
 std::vector<std::string> LikePattern::grams() const {
   GramLetters letters(collator_);
-  std::vector<std::string> found;
-  std::string run;
+  std::vector<std::string> runs(1);
   for (const Token& token : tokens_) {
     if (token.kind == Kind::letter)
-      run += letters.letter(token.folded);
-    else
-      run.clear();
-    if (run.size() < 3 * GramLetters::letterSize) continue;
-    found.push_back(run.substr(run.size() - 3 * GramLetters::letterSize));
+      runs.back() += letters.letter(token.folded);
+    else if (!runs.back().empty())
+      runs.emplace_back();
   }
+  const std::string& longest = *std::ranges::max_element(runs, {}, &std::string::size);
+  const std::size_t size = std::min(longest.size(), 3 * GramLetters::letterSize);
+  std::vector<std::string> found;
+  for (const std::string& run : runs)
+    for (std::size_t at = 0; size > 0 && at + size <= run.size(); at += GramLetters::letterSize)
+      found.push_back(run.substr(at, size));
   std::sort(found.begin(), found.end());
   found.erase(std::unique(found.begin(), found.end()), found.end());
   return found;

@@ -22,12 +22,16 @@ class LikePattern {
   LikePattern(std::string_view pattern, int interfaceNumber, std::shared_ptr<const Collator> collator);
   bool matches(std::string_view text) const;
 
+  /// Whether it is nothing but wildcards for any characters.
+  bool matchesAll() const;
+
   /// Bounds for an index under the same collation: each text that matches lies in first <= text <= second.
   /// Nothing when the pattern does not begin with a letter that bounds it.
   std::optional<std::pair<std::string, std::string>> bounds() const;
 
-  /// The trigrams, written in GramLetters, that each text which matches has; none when the pattern has no
-  /// three letters in a row.
+  /// The trigrams, written in GramLetters, that each text which matches has. Of a pattern without three
+  /// letters in a row the pairs of letters, else its single letters, with which some trigrams of each text
+  /// begin.
   std::vector<std::string> grams() const;
 
  private:
