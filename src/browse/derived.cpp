@@ -1,9 +1,9 @@
 #include "browse/derived.h"
 
-#include "browse/values.h"
 #include "entry/search_text.h"
 #include "entry/sort_term.h"
 #include "store/flat.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -50,7 +50,7 @@ std::string searchText(session::Session& s, std::int64_t id, const std::string& 
 /// Writes prefix and key of the row that the set stands on. `parentKey` is empty for a main entry.
 void writeKey(session::Session& s, engine::Recordset& row, const std::string& parentKey) {
   const auto split = entry::splitHeadword(row["BEGRIFF"].textOrEmpty(), s.project.IgnoreAtSort);
-  const bool sub = numberOf(row["EBENE"]) == 2;
+  const bool sub = store::numberOf(row["EBENE"]) == 2;
   row.Edit();
   row.set("PRAEFIXBEGRIFF", split.prefix);
   row.set("SORTBEGRIFF", sub ? parentKey + row["PRIORITAET"].textOrEmpty() + split.rest : split.rest);
@@ -63,15 +63,15 @@ std::string keyOf(session::Session& s, std::int64_t id) {
 }
 
 void refreshKeys(session::Session& s, engine::Recordset& row, std::int64_t id) {
-  const bool sub = numberOf(row["EBENE"]) == 2;
-  writeKey(s, row, sub ? keyOf(s, numberOf(row["ID_Woerterbuch1"])) : "");
+  const bool sub = store::numberOf(row["EBENE"]) == 2;
+  writeKey(s, row, sub ? keyOf(s, store::numberOf(row["ID_Woerterbuch1"])) : "");
   if (sub) return;
   entry::StripArticleFromSortBegriff(s, id);
   const std::string key = keyOf(s, id);
   auto below = s.files.CurrentDB.OpenRecordset("ID_Woerterbuch1Param", engine::RecordsetKind::dynaset,
                                                {{"lWortID", id}});
   for (; !below.EndOfFile(); below.MoveNext())
-    if (numberOf(below["EBENE"]) == 2) writeKey(s, below, key);
+    if (store::numberOf(below["EBENE"]) == 2) writeKey(s, below, key);
 }
 
 }  // namespace

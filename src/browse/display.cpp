@@ -5,11 +5,11 @@
 #include "base/text.h"
 #include "browse/frmWoerter.h"
 #include "browse/page_html.h"
-#include "browse/values.h"
 #include "catalogue/label.h"
 #include "entry/media_files.h"
 #include "shell/session/errors.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -59,7 +59,7 @@ std::vector<WebLink> readLinks(session::Session& s, std::int64_t id) {
       RecordsetKind::snapshot);
   for (; !rows.EndOfFile(); rows.MoveNext())
     links.push_back({rows["URLNAME"].textOrEmpty(), rows["URL"].textOrEmpty(), rows["URLNOTIZ"].textOrEmpty(),
-                     numberOf(rows["RATING"])});
+                     store::numberOf(rows["RATING"])});
   return links;
 }
 
@@ -69,7 +69,7 @@ void readParts(session::Session& s, EntryAggregate& entry, std::int64_t id) {
   entry.subjects = rowsOf<Assignment>(s, "SachgebietBegriffParam", id, subject);
   entry.links = readLinks(s, id);
   entry.crossReferences = rowsOf<CrossReference>(s, "BegriffQuerverweisParam", id, [](const Recordset& row) {
-    return CrossReference{numberOf(row["ID_WoerterbuchQV"]), row["Querverweis"].textOrEmpty()};
+    return CrossReference{store::numberOf(row["ID_WoerterbuchQV"]), row["Querverweis"].textOrEmpty()};
   });
   entry.meanings =
       rowsOf<MeaningExample>(s, "AnzeigeWortBedBeispieleBegriffParam", id, [](const Recordset& row) {
@@ -130,11 +130,11 @@ DisplaySettings readDisplaySettings(session::Session& s) {
   DisplaySettings settings;
   auto row = s.files.CurrentDB.OpenRecordset("Sprache", RecordsetKind::snapshot);
   if (row.EndOfFile()) return settings;
-  settings.Stil1 = truth(row["Stil1"]);
-  settings.Stil2 = truth(row["Stil2"]);
-  settings.EnumMeaning = truth(row["EnumMeaning"]);
-  settings.ShowURLSeparate = truth(row["ShowURLSeparate"]);
-  settings.ShowRating = truth(row["ShowRating"]);
+  settings.Stil1 = store::truth(row["Stil1"]);
+  settings.Stil2 = store::truth(row["Stil2"]);
+  settings.EnumMeaning = store::truth(row["EnumMeaning"]);
+  settings.ShowURLSeparate = store::truth(row["ShowURLSeparate"]);
+  settings.ShowRating = store::truth(row["ShowRating"]);
   settings.StyleSheetPath = row["StyleSheetPath"].textOrEmpty();
   return settings;
 }

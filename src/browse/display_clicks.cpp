@@ -6,9 +6,9 @@
 #include "base/text.h"
 #include "browse/display.h"
 #include "browse/frmWoerter.h"
-#include "browse/values.h"
 #include "entry/start_browser.h"
 #include "shell/session/errors.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -34,7 +34,7 @@ bool MSHFlexGridQuerverweise_Click(frmWoerter& form, std::size_t row) {
     s.entry.CurrentEntryId = target;
     auto found = readEntry(form, target);
     if (found.EndOfFile()) return;
-    s.entry.EntryEditMode = numberOf(found["ID_Woerterbuch1"]) == target ? 3 : 4;
+    s.entry.EntryEditMode = store::numberOf(found["ID_Woerterbuch1"]) == target ? 3 : 4;
     found.Close();
     SkipToEntry(form);
   });

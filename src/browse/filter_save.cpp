@@ -5,7 +5,6 @@
 
 #include "base/text.h"
 #include "browse/frmFilter.h"
-#include "browse/values.h"
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "shell/session/messages.h"

@@ -2,11 +2,11 @@
 
 #include "base/text.h"
 #include "browse/dictionary_in_use.h"
-#include "browse/values.h"
 #include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -35,8 +35,8 @@ void fill(session::Session& s, WordList& list, const LookupStatement& statement,
   scratch.setScratchSQL(rewritten(s, sql, view, word));
   auto rows = scratch.OpenRecordset(engine::RecordsetKind::snapshot);
   for (; !rows.EndOfFile(); rows.MoveNext())
-    list.insert(list.size(), rows["begriff"].textOrEmpty(), numberOf(rows["id_woerterbuch"]),
-                numberOf(rows["id_woerterbuch1"]), rows["databasename"].textOrEmpty());
+    list.insert(list.size(), rows["begriff"].textOrEmpty(), store::numberOf(rows["id_woerterbuch"]),
+                store::numberOf(rows["id_woerterbuch1"]), rows["databasename"].textOrEmpty());
 }
 
 }  // namespace

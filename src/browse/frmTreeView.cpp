@@ -1,13 +1,13 @@
 #include "browse/frmTreeView.h"
 
 #include "browse/dictionary_in_use.h"
-#include "browse/values.h"
 #include "catalogue/label.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/routines.h"
 #include "shell/session/texts.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -83,7 +83,7 @@ void addTopLevel(frmTreeView& form) {
     progress.step(++done, total);
     const std::string database = rows["DatabaseName"].textOrEmpty();
     insertLine(form, form.lines.size(), topText(form, rows[source.text].textOrEmpty(), database), 0,
-               source.type, database, numberOf(rows[source.key]));
+               source.type, database, store::numberOf(rows[source.key]));
   }
 }
 
@@ -136,7 +136,7 @@ bool expandLine(frmTreeView& form, int line) {
     auto rows = openChildren(form, at);
     for (std::size_t below = at + 1; !rows.EndOfFile(); rows.MoveNext(), ++below)
       insertLine(form, below, childText(form, rows), 1, type, rows["DatabaseName"].textOrEmpty(),
-                 numberOf(rows[sourceOf(form).childKey]));
+                 store::numberOf(rows[sourceOf(form).childKey]));
     form.expanded[at] = true;
     if (form.selected > line) form.selected = -1;
   });
@@ -155,8 +155,8 @@ bool jump(frmTreeView& form) {
     scratch.setScratchSQL(sql);
     auto row = scratch.OpenRecordset(engine::RecordsetKind::snapshot);
     if (row.EndOfFile()) return;
-    const JumpTarget target{numberOf(row["ID_Woerterbuch"]), numberOf(row["ID_Woerterbuch1"]),
-                            numberOf(row["ebene"]), form.databases[at]};
+    const JumpTarget target{store::numberOf(row["ID_Woerterbuch"]), store::numberOf(row["ID_Woerterbuch1"]),
+                            store::numberOf(row["ebene"]), form.databases[at]};
     row.Close();
     setJump(s, target);
     if (form.pressCommand6) form.pressCommand6();

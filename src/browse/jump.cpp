@@ -6,7 +6,6 @@
 #include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
 #include "browse/result_grid.h"
-#include "browse/values.h"
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "shell/session/errors.h"
@@ -14,6 +13,7 @@
 #include "shell/session/texts.h"
 #include "store/letters.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -93,7 +93,7 @@ void openSubEntries(frmWoerter& form, std::size_t at) {
   text.replace(text.size() - 2, 2, "++");
   for (std::size_t below = at + 1; !rows.EndOfFile(); rows.MoveNext(), ++below) {
     const std::string headword = rows["BEGRIFF"].textOrEmpty();
-    const bool deeper = !rows["UNTERBEGRIFF"].isNull() && rows["UNTERBEGRIFF"].asBoolean();
+    const bool deeper = store::truth(rows["UNTERBEGRIFF"]);
     list.insert(below, deeper ? headword + "   ->" : "--- " + headword,
                 rows["woerterbuch.id_woerterbuch"].asInteger(), rows["ID_Woerterbuch1"].asInteger(),
                 rows["DATABASENAME"].textOrEmpty());

@@ -5,13 +5,13 @@
 #include "base/text.h"
 #include "browse/dictionary_in_use.h"
 #include "browse/frmWoerter.h"
-#include "browse/values.h"
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "shell/session/messages.h"
 #include "shell/session/session.h"
 #include "shell/session/texts.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -44,13 +44,14 @@ bool letterMatches(const frmWoerter& form, const Value& sortKey) {
 }
 
 bool belongsOnList(const frmWoerter& form, const PageFields& f) {
-  return numberOf(form.rsWoerter.value(f.level)) == 1 && letterMatches(form, form.rsWoerter.value(f.sortKey));
+  return store::numberOf(form.rsWoerter.value(f.level)) == 1 &&
+         letterMatches(form, form.rsWoerter.value(f.sortKey));
 }
 
 std::string displayText(const engine::Recordset& rows, const PageFields& f) {
   std::string text = rows.value(f.headword).textOrEmpty();
-  if (truth(rows.value(f.hasSubEntries))) text += withSubEntries;
-  return truth(rows.value(f.inWork)) ? inProcess + text : text;
+  if (store::truth(rows.value(f.hasSubEntries))) text += withSubEntries;
+  return store::truth(rows.value(f.inWork)) ? inProcess + text : text;
 }
 
 /// Notes which row the page `pageNumber` + 1 begins with.
@@ -76,8 +77,8 @@ void fillPage(frmWoerter& form) {
   while (!rows.EndOfFile() && form.RowCounter != form.PageSize) {
     if (belongsOnList(form, f)) {
       ++form.RowCounter;
-      form.list.insert(form.list.size(), displayText(rows, f), numberOf(rows.value(f.id)),
-                       numberOf(rows.value(f.mainId)), rows.value(f.database).textOrEmpty());
+      form.list.insert(form.list.size(), displayText(rows, f), store::numberOf(rows.value(f.id)),
+                       store::numberOf(rows.value(f.mainId)), rows.value(f.database).textOrEmpty());
     }
     rows.MoveNext();
   }
@@ -185,7 +186,7 @@ void BuildWordTreeNew(frmWoerter& form) {
     moveToListStart(form);
     form.PageNumber = 1;
     form.backEnabled = false;
-    recordPageStart(form, 0, numberOf(form.rsWoerter["woerterbuch.id_woerterbuch"]));
+    recordPageStart(form, 0, store::numberOf(form.rsWoerter["woerterbuch.id_woerterbuch"]));
   }
   fillPage(form);
 }
@@ -196,7 +197,7 @@ void pageForward(frmWoerter& form) {
     form.forwardEnabled = false;
     return;
   }
-  recordPageStart(form, form.PageNumber, numberOf(rows["woerterbuch.id_woerterbuch"]));
+  recordPageStart(form, form.PageNumber, store::numberOf(rows["woerterbuch.id_woerterbuch"]));
   ++form.PageNumber;
   fillPage(form);
   form.backEnabled = form.PageNumber > 1;

@@ -5,12 +5,12 @@
 #include "base/error.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "browse/values.h"
 #include "catalogue/label.h"
 #include "entry/media_files.h"
 #include "shell/session/routines.h"
 #include "shell/session/start.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -106,9 +106,9 @@ class MeaningLists {
                                             {{"lWordID", entry}});
   }
   void add(Page& page, std::int64_t meaning) {
-    if (rows_.BeginOfFile() && rows_.EndOfFile()) return;
+    if (!store::hasRows(rows_)) return;
     for (rows_.MoveFirst(); !rows_.EndOfFile(); rows_.MoveNext()) {
-      if (numberOf(rows_["ID_Wortbedeutung"]) != meaning) continue;
+      if (store::numberOf(rows_["ID_Wortbedeutung"]) != meaning) continue;
       const std::string brief = session_.project.UseAbbreviations ? "Abk" : "";
       list(page, session_, label::properties_prefix,
            rows_[brief + "EigenschaftenZurWortbedeutung"].textOrEmpty());
@@ -152,7 +152,7 @@ void meanings(Page& page, session::Session& s, std::int64_t entry, bool numbered
   int number = 0;
   std::string text;
   for (; !rows.EndOfFile(); rows.MoveNext()) {
-    const std::int64_t id = numberOf(rows["Wortbedeutung.ID_Wortbedeutung"]);
+    const std::int64_t id = store::numberOf(rows["Wortbedeutung.ID_Wortbedeutung"]);
     if (id != current) {
       if (current != 0) lists.add(page, current);
       current = id;

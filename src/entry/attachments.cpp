@@ -11,6 +11,7 @@
 #include "shell/session/routines.h"
 #include "store/dialogs.h"
 #include "store/files.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -136,11 +137,7 @@ void deleteFile(const session::Session& s, const std::string& name) {
 }  // namespace
 
 std::vector<AttachmentRow> attachmentRows(frmEintrag& form) {
-  std::vector<AttachmentRow> result;
-  engine::Recordset& rows = form.attachments;
-  if (!rows.isOpen() || (rows.EndOfFile() && rows.BeginOfFile())) return result;
-  for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) result.push_back(readRow(rows));
-  return result;
+  return store::allRows<AttachmentRow>(form.attachments, readRow);
 }
 
 bool selectAttachment(frmEintrag& form, std::size_t row) {

@@ -8,6 +8,7 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -54,23 +55,9 @@ Shown shownOf(frmEintrag& form, Owner owner) {
   return {form.Data8, form.Data5, form.List5, form.lWortbedeutungID};
 }
 
-bool hasRows(const engine::Recordset& rows) {
-  return rows.isOpen() && !(rows.EndOfFile() && rows.BeginOfFile());
-}
-
-bool truth(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
-}
-
-template <class Do>
-void forEachRow(engine::Recordset& rows, Do action) {
-  if (!hasRows(rows)) return;
-  for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) action(rows);
-}
-
 std::vector<std::string> namesIn(engine::Recordset& rows, const char* column) {
   std::vector<std::string> names;
-  forEachRow(rows, [&](engine::Recordset& row) { names.push_back(row[column].textOrEmpty()); });
+  store::forEachRow(rows, [&](const engine::Recordset& row) { names.push_back(row[column].textOrEmpty()); });
   return names;
 }
 
@@ -97,7 +84,7 @@ struct Item {
 std::optional<Item> itemOf(engine::Recordset& catalogue, const char* nameColumn, const char* idColumn,
                            const std::string& name) {
   std::optional<Item> found;
-  forEachRow(catalogue, [&](engine::Recordset& row) {
+  store::forEachRow(catalogue, [&](const engine::Recordset& row) {
     const std::string own = row[nameColumn].textOrEmpty();
     if (!found && base::equalsIgnoreCase(own, name)) found = Item{row[idColumn].asInteger(), own};
   });
@@ -120,7 +107,7 @@ bool refuseRepeated(frmEintrag& form, int before, const std::string& name, Owner
 
 // Places an open list of assignments on the one with this name.
 bool placeOn(engine::Recordset& rows, const char* column, const std::string& name) {
-  if (!hasRows(rows)) return false;
+  if (!store::hasRows(rows)) return false;
   rows.FindFirst(std::string(column) + " = \"" + name + "\"");
   return !rows.NoMatch();
 }
@@ -129,8 +116,8 @@ bool placeOn(engine::Recordset& rows, const char* column, const std::string& nam
 void completeEntry(frmEintrag& form, engine::Recordset& catalogue, const char* catalogueId, const char* table,
                    const char* column, std::int64_t entry) {
   engine::Recordset links;
-  forEachRow(catalogue, [&](engine::Recordset& item) {
-    if (!truth(item["AutozuordnungZubegriff"])) return;
+  store::forEachRow(catalogue, [&](const engine::Recordset& item) {
+    if (!store::truth(item["AutozuordnungZubegriff"])) return;
     if (!links.isOpen())
       links = form.session.files.CurrentDB.OpenRecordset(table, engine::RecordsetKind::table);
     links.AddNew();
@@ -143,10 +130,10 @@ void completeEntry(frmEintrag& form, engine::Recordset& catalogue, const char* c
 // The same for a meaning, where it lacks the item.
 void completeMeaning(engine::Recordset& catalogue, const char* catalogueId, engine::Recordset assigned,
                      const std::string& table, const std::string& column, std::int64_t meaning) {
-  forEachRow(catalogue, [&](engine::Recordset& item) {
-    if (!truth(item["AutoZuordnungZuWortbedeutung"])) return;
+  store::forEachRow(catalogue, [&](const engine::Recordset& item) {
+    if (!store::truth(item["AutoZuordnungZuWortbedeutung"])) return;
     const std::int64_t id = item[catalogueId].asInteger();
-    if (hasRows(assigned)) {
+    if (store::hasRows(assigned)) {
       assigned.FindFirst(table + "." + column + " =" + std::to_string(id));
       if (!assigned.NoMatch()) return;
     }
@@ -161,7 +148,7 @@ void completeMeaning(engine::Recordset& catalogue, const char* catalogueId, engi
 
 std::vector<PropertyRow> propertyRows(frmEintrag& form, Owner owner) {
   std::vector<PropertyRow> result;
-  forEachRow(shownOf(form, owner).properties, [&](engine::Recordset& row) {
+  store::forEachRow(shownOf(form, owner).properties, [&](const engine::Recordset& row) {
     result.push_back({row["Kategorie"].textOrEmpty(), row["KategorieWert"].textOrEmpty()});
   });
   return result;
@@ -220,7 +207,7 @@ bool addProperty(frmEintrag& form, const std::string& name, Owner owner) {
     const Links& links = linksOf(owner);
     const std::int64_t id = shownOf(form, owner).id;
     auto rows = form.session.files.CurrentDB.OpenRecordset(links.propertyTable);
-    if (hasRows(rows)) {
+    if (store::hasRows(rows)) {
       rows.FindFirst(std::string(links.ownerOfProperty) + " = " + std::to_string(id) +
                      " and ID_WKategorie = " + std::to_string(item->id));
       if (!rows.NoMatch()) return refuseRepeated(form, dialog::property_before, item->name, owner);
@@ -291,7 +278,8 @@ bool removeSubject(frmEintrag& form, const std::string& name, Owner owner) {
 }
 
 void EigenschaftenSachgebieteAutomatischAnBegriff(frmEintrag& form, std::int64_t lWortID) {
-  if (form.session.entry.EntryEditMode >= 3 || !hasRows(form.Data3) || !hasRows(form.Data7)) return;
+  if (form.session.entry.EntryEditMode >= 3 || !store::hasRows(form.Data3) || !store::hasRows(form.Data7))
+    return;
   completeEntry(form, form.Data3, "ID_WKategorie", "relWoertWKat", "ID_WKategorie", lWortID);
   completeEntry(form, form.Data7, "ID_Sachgebiet", "relWoertSachgebiet", "ID_WSachgebiet", lWortID);
 }

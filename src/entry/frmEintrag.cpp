@@ -12,19 +12,16 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
 
-bool truth(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
-}
-
 void readSettings(frmEintrag& form) {
   auto row = form.session.files.CurrentDB.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
-  form.BegriffPruefung = truth(row["BegriffPruefung"]);
-  form.Blog = truth(row["Blog"]);
-  form.ShowMeaningsForEditing = truth(row["ShowMeaningsForEditing"]);
+  form.BegriffPruefung = store::truth(row["BegriffPruefung"]);
+  form.Blog = store::truth(row["Blog"]);
+  form.ShowMeaningsForEditing = store::truth(row["ShowMeaningsForEditing"]);
   form.DateFormat = row["DateFormat"].textOrEmpty();
 }
 

@@ -8,6 +8,7 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "store/dialogs.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -77,12 +78,9 @@ bool Form_Load(frmNewKateg& form) {
 }
 
 std::vector<CatalogueRow> catalogueRows(frmNewKateg& form) {
-  std::vector<CatalogueRow> rows;
-  engine::Recordset& data = form.Data1;
-  if (data.EndOfFile() && data.BeginOfFile()) return rows;
-  for (data.MoveFirst(); !data.EndOfFile(); data.MoveNext())
-    rows.push_back({data[nameColumn(form)].textOrEmpty(), data["Abkuerzung"].textOrEmpty()});
-  return rows;
+  return store::allRows<CatalogueRow>(form.Data1, [&](const engine::Recordset& row) {
+    return CatalogueRow{row[nameColumn(form)].textOrEmpty(), row["Abkuerzung"].textOrEmpty()};
+  });
 }
 
 void Text1_Change(frmNewKateg& form, const std::string& text) {

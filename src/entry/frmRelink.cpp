@@ -6,6 +6,7 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -22,12 +23,7 @@ engine::Recordset selectedEntry(session::Session& s) {
 }
 
 std::int64_t mainIdOf(const engine::Recordset& row) {
-  const engine::Value id = row["ID_Woerterbuch1"];
-  return id.isNull() ? 0 : id.asInteger();
-}
-
-bool isTrue(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
+  return store::numberOf(row["ID_Woerterbuch1"]);
 }
 
 bool hasSubEntries(session::Session& s, std::int64_t mainId) {
@@ -68,7 +64,7 @@ bool placeBelowTarget(frmRelink& form) {
   session::Session& s = form.session;
   if (!isTarget(form)) return refuse(s, dialog::select_main_entry);
   auto row = selectedEntry(s);
-  if (isTrue(row["UNTERBEGRIFF"])) return refuse(s, dialog::has_own_sub_entries);
+  if (store::truth(row["UNTERBEGRIFF"])) return refuse(s, dialog::has_own_sub_entries);
 
   const std::int64_t target = form.Adodc1["ID_Woerterbuch"].asInteger();
   const std::int64_t formerMain = mainIdOf(row);
@@ -137,7 +133,7 @@ bool Text1_Change(frmRelink& form, const std::string& text) {
 bool selectTarget(frmRelink& form, std::int64_t lWortID) {
   form.targetSelected = false;
   return session::guard(form.session, form.formName, [&] {
-    if (form.Adodc1.EndOfFile() && form.Adodc1.BeginOfFile()) return false;
+    if (!store::hasRows(form.Adodc1)) return false;
     for (form.Adodc1.MoveFirst(); !form.Adodc1.EndOfFile(); form.Adodc1.MoveNext()) {
       form.targetSelected = form.Adodc1["ID_Woerterbuch"].asInteger() == lWortID;
       if (form.targetSelected) return true;

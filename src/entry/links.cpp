@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "entry/start_browser.h"
 #include "shell/session/errors.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -13,7 +14,7 @@ namespace {
 LinkRow readRow(const engine::Recordset& row) {
   const engine::Value rating = row["Rating"];
   return {row["ID_URL"].asInteger(), row["URLName"].textOrEmpty(), row["URL"].textOrEmpty(),
-          row["URLNotiz"].textOrEmpty(), rating.isNull() ? 0 : static_cast<int>(rating.asInteger())};
+          row["URLNotiz"].textOrEmpty(), static_cast<int>(store::numberOf(rating))};
 }
 
 // The links of the entry for writing.
@@ -56,11 +57,7 @@ void store(frmEintrag& form) {
 }  // namespace
 
 std::vector<LinkRow> linkRows(frmEintrag& form) {
-  std::vector<LinkRow> result;
-  engine::Recordset& rows = form.links;
-  if (!rows.isOpen() || (rows.EndOfFile() && rows.BeginOfFile())) return result;
-  for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) result.push_back(readRow(rows));
-  return result;
+  return store::allRows<LinkRow>(form.links, readRow);
 }
 
 bool isWebAddress(std::string_view address) {

@@ -10,20 +10,12 @@
 #include "shell/session/routines.h"
 #include "shell/session/texts.h"
 #include "store/flat.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
 
 constexpr const char* allMeanings = "Select distinct * from Wortbedeutung order by wortbedeutung;";
-
-// Rows of a set from its first on, read by `read`; the set's place is lost.
-template <class Row, class Read>
-std::vector<Row> allRows(engine::Recordset& rows, Read read) {
-  std::vector<Row> result;
-  if (!rows.isOpen() || (rows.EndOfFile() && rows.BeginOfFile())) return result;
-  for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) result.push_back(read(rows));
-  return result;
-}
 
 bool editExample(frmEintrag& form, std::size_t row, const char* column, const std::string& text) {
   return session::guard(form.session, form.formName, [&] {
@@ -38,13 +30,13 @@ bool editExample(frmEintrag& form, std::size_t row, const char* column, const st
 }  // namespace
 
 std::vector<MeaningRow> meaningRows(frmEintrag& form) {
-  return allRows<MeaningRow>(form.Adodc2, [](const engine::Recordset& row) {
+  return store::allRows<MeaningRow>(form.Adodc2, [](const engine::Recordset& row) {
     return MeaningRow{row["ID_Wortbedeutung"].asInteger(), row["Wortbedeutung"].textOrEmpty()};
   });
 }
 
 std::vector<ExampleRow> exampleRows(frmEintrag& form) {
-  return allRows<ExampleRow>(form.Adodc5, [](const engine::Recordset& row) {
+  return store::allRows<ExampleRow>(form.Adodc5, [](const engine::Recordset& row) {
     return ExampleRow{row["ID_WortbedBsp"].asInteger(), row["Beispiel"].textOrEmpty(),
                       row["Beispieluebersetzung"].textOrEmpty()};
   });

@@ -2,6 +2,7 @@
 
 #include "base/datetime.h"
 #include "shell/session/routines.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -15,14 +16,6 @@ std::uint8_t byteOf(const engine::Value& value) {
   return static_cast<std::uint8_t>(number);
 }
 
-bool truth(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
-}
-
-std::int64_t numberOf(const engine::Value& value) {
-  return value.isNull() ? 0 : value.asInteger();
-}
-
 const char* asSql(bool value) {
   return value ? "-1" : "0";
 }
@@ -34,7 +27,7 @@ void ReadFromDB_TabWoerterbuch(session::Session& s, STWOERTERBUCH& record, std::
                                              std::to_string(lWortID));
   STWOERTERBUCH read;
   read.ID_Woerterbuch = row["ID_Woerterbuch"].asInteger();
-  read.ID_Woerterbuch1 = numberOf(row["ID_Woerterbuch1"]);
+  read.ID_Woerterbuch1 = store::numberOf(row["ID_Woerterbuch1"]);
   read.Begriff = row["Begriff"].textOrEmpty();
   read.SortBegriff = row["SortBegriff"].textOrEmpty();
   read.PraefixBegriff = row["PraefixBegriff"].textOrEmpty();
@@ -42,13 +35,13 @@ void ReadFromDB_TabWoerterbuch(session::Session& s, STWOERTERBUCH& record, std::
   read.Ebene = byteOf(row["Ebene"]);
   if (s.project.ProjectType == 1) read.Aussprache = row["Aussprache"].textOrEmpty();
   read.Bemerkung = row["Bemerkung"].textOrEmpty();
-  read.Unterbegriff = truth(row["Unterbegriff"]);
+  read.Unterbegriff = store::truth(row["Unterbegriff"]);
   read.Klang = row["Klang"].textOrEmpty();
   read.Prioritaet = byteOf(row["Prioritaet"]);
   read.Bild = row["Bild"].textOrEmpty();
   if (const auto created = row["DateTimeStamp"]; !created.isNull()) read.DateTimeStamp = created.asDate();
   read.DatabaseName = row["DatabaseName"].textOrEmpty();
-  read.InBearbeitung = truth(row["InBearbeitung"]);
+  read.InBearbeitung = store::truth(row["InBearbeitung"]);
   read.DateTimeStampLastChange = row["DateTimeStampLastChange"].textOrEmpty();
   record = std::move(read);
 }

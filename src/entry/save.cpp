@@ -12,6 +12,7 @@
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
 #include "store/flat.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -141,7 +142,7 @@ bool isStub(frmEintrag& form) {
 bool isOnlyRow(frmEintrag& form, std::int64_t id) {
   const BoundNavigator bound(form);
   engine::Recordset& rows = form.navigator;
-  if (rows.EndOfFile() && rows.BeginOfFile()) return true;
+  if (!store::hasRows(rows)) return true;
   for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext()) {
     if (rows["ID_Woerterbuch"].asInteger() != id) return false;
   }
@@ -194,7 +195,7 @@ std::int64_t entryOfHeadword(frmEintrag& form) {
   const BoundNavigator bound(form);
   const std::int64_t own = form.session.entry.CurrentEntryId;
   engine::Recordset& rows = form.navigator;
-  if (rows.EndOfFile() && rows.BeginOfFile()) return own;
+  if (!store::hasRows(rows)) return own;
   rows.FindFirst("begriff = \"" + base::trim(form.headwordBox) + "\" and ebene > 0");
   return rows.NoMatch() ? own : rows["ID_Woerterbuch"].asInteger();
 }
@@ -209,7 +210,7 @@ std::int64_t entryOfStep(frmEintrag& form, Step step) {
   const BoundNavigator bound(form);
   engine::Recordset& rows = form.navigator;
   const std::int64_t own = form.session.entry.CurrentEntryId;
-  if (rows.EndOfFile() && rows.BeginOfFile()) return own;
+  if (!store::hasRows(rows)) return own;
   rows.FindFirst("ID_Woerterbuch = " + std::to_string(own));
   // An entry that the letter in force leaves out leads to the first of those it shows.
   if (step == Step::first || rows.NoMatch()) {

@@ -2,6 +2,7 @@
 
 #include "entry/frmEintrag.h"
 #include "shell/session/routines.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
@@ -12,7 +13,7 @@ bool holds(const std::string& text, const std::string& piece) {
 
 void appendMeanings(frmEintrag& form, std::string& text) {
   engine::Recordset& meanings = form.Adodc2;
-  if (!meanings.isOpen() || (meanings.EndOfFile() && meanings.BeginOfFile())) return;
+  if (!store::hasRows(meanings)) return;
   const std::string place = meanings.EndOfFile() ? std::string() : meanings.Bookmark();
   for (meanings.MoveFirst(); !meanings.EndOfFile(); meanings.MoveNext()) {
     const std::string meaning = meanings["wortbedeutung"].textOrEmpty();

@@ -7,15 +7,12 @@
 #include "platform/sound.h"
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
+#include "store/rows.h"
 
 namespace entry {
 namespace {
 
 constexpr int progressStep = 2;
-
-bool truth(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
-}
 
 platform::Sound& soundPort(const session::Session& s) {
   return port(s, s.desk.media.sound);
@@ -28,7 +25,7 @@ void showStopped(frmEintrag& form) {
 
 void setQuality(session::Session& s, platform::Sound& sound) {
   auto row = s.files.CurrentDB.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
-  const auto chosen = [&](const char* column) { return !row.EndOfFile() && truth(row[column]); };
+  const auto chosen = [&](const char* column) { return !row.EndOfFile() && store::truth(row[column]); };
   sound.send(std::string("set recwave bitspersample ") + (chosen("bit8") ? "8" : "16"));
   sound.send(std::string("set recwave samplespersec ") + (chosen("khz11")   ? "11025"
                                                           : chosen("khz44") ? "44100"

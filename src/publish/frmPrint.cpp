@@ -17,6 +17,7 @@
 #include "shell/session/routines.h"
 #include "shell/session/texts.h"
 #include "store/rewriter.h"
+#include "store/rows.h"
 
 namespace publish {
 
@@ -27,11 +28,6 @@ constexpr const char* crossLinkStatement =
     "select distinct * from woerterbuch where ebene = 1 order by sortbegriff;";
 constexpr const char* defaultWebURL = "HTTP://localhost";
 constexpr const char* wizardWebURL = "http://";  // what the wizard presets; nothing was typed behind it
-
-bool flag(const engine::Recordset& row, const char* field) {
-  const Value value = row[field];
-  return !value.isNull() && value.asBoolean();
-}
 
 std::string textOr(const engine::Recordset& row, const char* field, const std::string& otherwise) {
   const std::string text = base::trim(row[field].textOrEmpty());
@@ -50,16 +46,16 @@ PublishSettings readSettings(session::Session& session) {
   s.SchriftVon = row["SchriftVon"].textOrEmpty();
   s.SchriftNach = row["SchriftNach"].textOrEmpty();
   s.lautschrift = row["Lautschrift"].textOrEmpty();
-  s.EnumMeaning = flag(row, "EnumMeaning");
-  s.VerwendungAbkuerzungen = flag(row, "VerwendungAbkuerzungen");
-  s.ShowNewIcon = flag(row, "ShowNewIcon");
-  s.ShowURLSeparate = flag(row, "ShowURLSeparate");
-  s.ShowRating = flag(row, "ShowRating");
-  s.PictureAsURL = flag(row, "PictureAsURL");
-  s.ObjectAsAltText = flag(row, "ObjectAsAltText");
-  s.UseRelativPath = flag(row, "UseRelativPath");
-  s.UseWebsitePath = flag(row, "UseWebsitePath");
-  s.UseAbsolutFilePath = flag(row, "UseAbsolutFilePath");
+  s.EnumMeaning = store::truth(row["EnumMeaning"]);
+  s.VerwendungAbkuerzungen = store::truth(row["VerwendungAbkuerzungen"]);
+  s.ShowNewIcon = store::truth(row["ShowNewIcon"]);
+  s.ShowURLSeparate = store::truth(row["ShowURLSeparate"]);
+  s.ShowRating = store::truth(row["ShowRating"]);
+  s.PictureAsURL = store::truth(row["PictureAsURL"]);
+  s.ObjectAsAltText = store::truth(row["ObjectAsAltText"]);
+  s.UseRelativPath = store::truth(row["UseRelativPath"]);
+  s.UseWebsitePath = store::truth(row["UseWebsitePath"]);
+  s.UseAbsolutFilePath = store::truth(row["UseAbsolutFilePath"]);
   if (const Value days = row["NewNumberOfDays"]; !days.isNull())
     s.NewNumberOfDays = static_cast<int>(days.asInteger());
 

@@ -2,6 +2,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "store/rows.h"
 
 namespace publish {
 
@@ -65,7 +66,7 @@ std::vector<Link> linksOf(frmPrint& form, const PrintRow& row) {
   for (auto rows = openFor(form, row, "BegriffURLParam"); !rows.EndOfFile(); rows.MoveNext()) {
     const auto rating = rows["Rating"];
     links.push_back({rows["URLName"].textOrEmpty(), rows["URL"].textOrEmpty(), rows["URLNotiz"].textOrEmpty(),
-                     rating.isNull() ? 0 : rating.asInteger()});
+                     store::numberOf(rating)});
   }
   return links;
 }
@@ -84,7 +85,7 @@ std::vector<CrossReference> crossReferencesOf(frmPrint& form, const PrintRow& ro
   std::vector<CrossReference> references;
   for (auto rows = openFor(form, row, "BegriffQuerverweisParam"); !rows.EndOfFile(); rows.MoveNext()) {
     const auto target = rows["ID_WoerterbuchQV"];
-    references.push_back({target.isNull() ? 0 : target.asInteger(), rows["Querverweis"].textOrEmpty()});
+    references.push_back({store::numberOf(target), rows["Querverweis"].textOrEmpty()});
   }
   return references;
 }

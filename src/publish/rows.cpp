@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "store/rows.h"
 
 namespace publish {
 
@@ -20,10 +21,6 @@ void append(std::deque<EntryRows>& entries, PrintRow row) {
     entry = std::prev(entries.end());
   }
   entry->push_back(std::move(row));
-}
-
-std::int64_t integerOr0(const base::Value& value) {
-  return value.isNull() ? 0 : value.asInteger();
 }
 
 }  // namespace
@@ -61,9 +58,9 @@ EntryReader::Fields EntryReader::lookUp(const engine::Recordset& rows) {
 PrintRow EntryReader::read() const {
   const auto value = [&](std::size_t field) { return rows_.value(field); };
   const Fields& f = fields_;
-  return {integerOr0(value(f.id)),
-          integerOr0(value(f.mainId)),
-          integerOr0(value(f.meaningId)),
+  return {store::numberOf(value(f.id)),
+          store::numberOf(value(f.mainId)),
+          store::numberOf(value(f.meaningId)),
           value(f.headword).textOrEmpty(),
           value(f.sortKey).textOrEmpty(),
           value(f.databaseName).textOrEmpty(),
@@ -109,7 +106,7 @@ std::vector<EntryRows> EntryReader::entriesBelow(std::int64_t mainId, const std:
   rows_.FindFirst("ID_Woerterbuch1 = " + std::to_string(mainId) + " and databasename = '" +
                   base::replaceAll(databaseName, "'", "''") + "'");
   if (rows_.NoMatch()) return {};
-  for (; !rows_.EndOfFile() && integerOr0(rows_.value(fields_.mainId)) == mainId; rows_.MoveNext())
+  for (; !rows_.EndOfFile() && store::numberOf(rows_.value(fields_.mainId)) == mainId; rows_.MoveNext())
     if (base::equalsIgnoreCase(rows_.value(fields_.databaseName).textOrEmpty(), databaseName))
       append(entries, read());
   return {std::make_move_iterator(entries.begin()), std::make_move_iterator(entries.end())};

@@ -11,6 +11,7 @@
 #include "catalogue/dialog.h"
 #include "catalogue/label.h"
 #include "shell/session/messages.h"
+#include "store/rows.h"
 
 namespace store {
 namespace {
@@ -78,7 +79,7 @@ const FlatTable& meanings() {
 
 std::string joinedItems(engine::Recordset& rows, const Source& source, const Column& column) {
   std::string text;
-  if (rows.EndOfFile() && rows.BeginOfFile()) return text;
+  if (!hasRows(rows)) return text;
   for (rows.MoveFirst(); !rows.EndOfFile(); rows.MoveNext())
     for (const std::string& field : column.fields) {
       const engine::Value item = rows[field];

@@ -2,6 +2,7 @@
 
 #include "shell/session/routines.h"
 #include "store/locale.h"
+#include "store/rows.h"
 
 namespace store {
 namespace {
@@ -11,10 +12,6 @@ std::string flagOf(engine::Database& db, const std::string& language) {
   engine::Recordset row = db.OpenRecordset("select Flagge from Sprachen where Sprache = '" +
                                            session::escapedSQLText(language) + "'");
   return row.EndOfFile() ? "" : row["Flagge"].textOrEmpty();
-}
-
-bool truth(const engine::Value& value) {
-  return !value.isNull() && value.asBoolean();
 }
 
 }  // namespace

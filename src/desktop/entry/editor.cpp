@@ -8,6 +8,7 @@
 #include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
 #include "shell/session/messages.h"
+#include "store/rows.h"
 
 namespace desktop {
 namespace {
@@ -117,7 +118,7 @@ QHBoxLayout* buildButtons(Editor editor) {
 
 bool rightToLeft(Editor& editor, const char* field) {
   auto row = editor.face.session().files.CurrentDB.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
-  return !row.EndOfFile() && !row[field].isNull() && row[field].asBoolean();
+  return !row.EndOfFile() && store::truth(row[field]);
 }
 
 void language(Editor& editor, QWidget& box, const std::string& font, const char* direction) {

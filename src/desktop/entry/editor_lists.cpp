@@ -8,6 +8,7 @@
 #include "desktop/entry/editor_tabs.h"
 #include "entry/attachments.h"
 #include "entry/links.h"
+#include "store/rows.h"
 
 namespace desktop {
 namespace {
@@ -149,11 +150,9 @@ QWidget* crossReferencesTab(Editor& editor) {
   editor.face.onDraw([form = &editor.form, &grid] {
     Grid::Rows rows;
     auto& set = form->crossReferences;
-    if (set.isOpen() && !(set.BeginOfFile() && set.EndOfFile())) {
-      for (set.MoveFirst(); !set.EndOfFile(); set.MoveNext())
-        rows.push_back({set["Querverweis"].textOrEmpty()});
-      set.MoveFirst();
-    }
+    store::forEachRow(
+        set, [&](const engine::Recordset& row) { rows.push_back({row["Querverweis"].textOrEmpty()}); });
+    if (!rows.empty()) set.MoveFirst();
     grid.setRows(std::move(rows));
   });
   auto* column = new QVBoxLayout;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "desktop/kit/text.h"
+#include "store/rows.h"
 
 namespace desktop {
 
@@ -152,7 +153,7 @@ void Grid::setSource(std::int64_t count, std::function<std::string(std::int64_t,
 }
 
 void Grid::setRecordset(engine::Recordset& rows, const std::vector<std::string>& fields) {
-  if (!rows.isOpen() || (rows.EndOfFile() && rows.BeginOfFile())) return setSource(0, {});
+  if (!store::hasRows(rows)) return setSource(0, {});
   const std::int64_t place = rows.AbsolutePosition();
   rows.MoveLast();
   if (place >= 0) rows.setAbsolutePosition(place);

@@ -11,6 +11,7 @@
 #include "shell/session/texts.h"
 #include "store/locale.h"
 #include "store/project.h"
+#include "store/rows.h"
 
 namespace frame {
 namespace {
@@ -30,7 +31,7 @@ std::string dayOf(const engine::Value& stamp) {
 }
 
 ConfigValue read(const ConfigField& field, const engine::Value& value) {
-  if (isTruth(field)) return {{}, !value.isNull() && value.asBoolean()};
+  if (isTruth(field)) return {{}, store::truth(value)};
   if (field.kind == FieldKind::date) return {dayOf(value)};
   return {value.textOrEmpty()};
 }
