@@ -21,8 +21,8 @@ bool allLettersButton(frmWoerter& form);
 
 /// The relay of the dialogs that jump: goes to CurrentEntryId and shows it.
 bool Command6(frmWoerter& form);
-// The entry menu, its pop-up menu and the toolbar, on the selected entry.
 
+// What the entry menu, its pop-up menu and the toolbar do with the selected entry.
 bool mnuNewEntry(frmWoerter& form);
 bool mnuNewSubEntry(frmWoerter& form);
 bool mnuEditEntry(frmWoerter& form);

@@ -8,10 +8,9 @@
 #include "platform/desk.h"
 #include "shell/session/session.h"
 
-/// The filter: one selection of entries that the browser, the publishing dialog, the statistics, the
-/// reports, the editor and the word trainer share. Confirming the dialog stores the ids of all matching
-/// entries in FilterSelektion1; after that each reading statement of those views is given the clauses
-/// that keep it to them.
+/// The filter: one selection of entries that all views share. Confirming the dialog stores the ids of the
+/// entries that match in FilterSelektion1; from then on each statement by which a view reads entries (see
+/// session::View) is given the clauses that keep it to these.
 namespace browse {
 
 /// The thirteen check boxes, in the order in which their clauses are written. All but inWork come in

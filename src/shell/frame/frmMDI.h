@@ -39,8 +39,8 @@ struct frmMDI {
   browse::frmWoerter* active = nullptr;  ///< the browser that commands are for; null without any
   std::vector<OpenView> views;
   std::function<void(const platform::Form&)> viewClosing;  ///< its window goes first; empty: there is none
-  std::string helpFile;                  ///< empty: there is none
-  bool unloaded = false;                 ///< the process ends
+  std::string helpFile;                                    ///< empty: there is none
+  bool unloaded = false;                                   ///< the process ends
 };
 
 inline constexpr int browserLimit = 5;
@@ -114,7 +114,6 @@ bool mnuChoice(frmMDI& form);
 bool mnuSaveFilter(frmMDI& form);
 /// Makes a dictionary whose entries are the meanings of another one.
 bool mnuInverseTranslation(frmMDI& form);
-
 
 // Ways to an entry.
 bool mnuGoto(frmMDI& form);

@@ -13,7 +13,7 @@ inline constexpr int recentFileLimit = 8;
 /// Path of the settings file in the session's configuration folder.
 std::string settingsPath(const Session& s);
 
-/// Reads a value as the profile calls do, into a buffer of 128 zero characters of which at most 127 are
+/// Reads a value as into a buffer of 128 zero characters, of which at most 127 are
 /// filled. A value of two characters and more comes back cut to its length; a shorter or missing one as
 /// the whole buffer with its zeros, so it is not empty. Callers ask `isPresent` or trim.
 /// Sections and keys compare without case. A missing file reads as empty.
