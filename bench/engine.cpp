@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "engine/workspace.h"
+#include "entry_files.h"
 #include "plain.h"
-#include "words.h"
 
 namespace bench {
 
@@ -27,99 +27,9 @@ constexpr int pageRows = 49;
 constexpr const char* entryList =
     "SELECT woerterbuch.*, woerterbuch.ID_Woerterbuch From woerterbuch ORDER BY woerterbuch.SortBegriff;";
 
-bool ordered = false;
-
-/// The headword of the n-th entry, the same in every run.
-std::string headword(std::int64_t n) {
-  return ordered ? "wort" + std::to_string(10'000'000 + n) : scatteredWord(static_cast<std::uint64_t>(n));
-}
-
 /// The memory that making the files took is not counted.
 void forgetPeakMemory() {
   std::ofstream("/proc/self/clear_refs") << "5";
-}
-
-engine::Workspace workspace() {
-  return engine::Workspace({"", "VocariumUser", "built-in", "", false});
-}
-
-void makeTables(engine::Database& database) {
-  for (const char* statement :
-       {"CREATE TABLE [Woerterbuch] ([ID_Woerterbuch] COUNTER,[ID_Woerterbuch1] LONG,[Begriff] TEXT(250),"
-        "[SortBegriff] TEXT(250),[PraefixBegriff] TEXT(3),[MetaSuche] LONGTEXT,[Ebene] SHORT,[Aussprache] "
-        "TEXT(250),"
-        "[Bemerkung] LONGTEXT,[Unterbegriff] BIT,[Klang] TEXT(50),[Prioritaet] SHORT,[Bild] TEXT(50),"
-        "[DateTimeStamp] DATE,[DatabaseName] LONGTEXT,[InBearbeitung] BIT,[DateTimeStampLastChange] "
-        "TEXT(50))",
-        "CREATE INDEX [Begriff] ON [Woerterbuch] ([Begriff])",
-        "CREATE INDEX [SortBegriff] ON [Woerterbuch] ([SortBegriff])",
-        "CREATE INDEX [ID_Woerterbuch1] ON [Woerterbuch] ([ID_Woerterbuch1])",
-        "CREATE UNIQUE INDEX [ID_Woerterbuch] ON [Woerterbuch] ([ID_Woerterbuch])",
-        "CREATE UNIQUE INDEX [PrimaryKey] ON [Woerterbuch] ([ID_Woerterbuch]) WITH PRIMARY",
-        "CREATE INDEX [DateTimeStamp] ON [Woerterbuch] ([DateTimeStamp])",
-        "CREATE TABLE [Wortbedeutung] ([ID_Wortbedeutung] COUNTER,[ID_Woerterbuch] LONG,[Wortbedeutung] "
-        "TEXT(250),"
-        "[DatabaseName] LONGTEXT)",
-        "CREATE INDEX [ID_Woerterbuch] ON [Wortbedeutung] ([ID_Woerterbuch])",
-        "CREATE UNIQUE INDEX [PrimaryKey] ON [Wortbedeutung] ([ID_Wortbedeutung]) WITH PRIMARY"}) {
-    database.Execute(statement);
-  }
-}
-
-void makeEngineFile(const std::string& path, std::int64_t count) {
-  if (fs::exists(path)) return;
-  engine::Workspace space = workspace();
-  engine::Database database = space.CreateDatabase(path, ";LANGID=0x0407;CP=1252;COUNTRY=0", 2);
-  makeTables(database);
-  engine::Recordset entries = database.OpenRecordset("Woerterbuch");
-  const base::DateTime stamp = base::DateTime::of(2024, 3, 1, 12, 0, 0);
-  for (std::int64_t n = 0; n < count; ++n) {
-    const std::string word = headword(n);
-    entries.AddNew();
-    entries.set("ID_Woerterbuch1", entries["ID_Woerterbuch"]);
-    entries.set("Begriff", word);
-    entries.set("SortBegriff", word);
-    entries.set("MetaSuche", "//" + word + "////sense of " + word);
-    entries.set("Ebene", 1);
-    entries.set("Prioritaet", 1);
-    entries.set("DateTimeStamp", stamp.plusDays(n % 1000));
-    entries.set("DatabaseName", path);
-    entries.Update();
-    if (n % 50000 == 0) space.Idle();
-  }
-  entries.Close();
-  space.Idle();
-}
-
-void makePlainFile(const std::string& path, std::int64_t count) {
-  if (fs::exists(path)) return;
-  PlainFile file(path, true);
-  file.run(
-      "CREATE TABLE entry (id INTEGER PRIMARY KEY AUTOINCREMENT, main INTEGER, begriff TEXT COLLATE NOCASE,"
-      " sort TEXT COLLATE NOCASE, praefix TEXT, meta TEXT, ebene INTEGER, aussprache TEXT, bemerkung TEXT,"
-      " unterbegriff INTEGER, klang TEXT, prio INTEGER, bild TEXT, stamp TEXT, name TEXT, bearbeitung "
-      "INTEGER,"
-      " changed TEXT)");
-  file.run("CREATE INDEX e1 ON entry (begriff)");
-  file.run("CREATE INDEX e2 ON entry (sort)");
-  file.run("CREATE INDEX e3 ON entry (main)");
-  file.run("CREATE INDEX e4 ON entry (stamp)");
-  file.run("BEGIN");
-  PlainStatement insert(
-      file.connection(),
-      "INSERT INTO entry (main, begriff, sort, meta, ebene, unterbegriff, prio, stamp, name, "
-      "bearbeitung) VALUES (?1, ?2, ?2, ?3, 1, 0, 1, ?4, ?5, 0)");
-  const base::DateTime stamp = base::DateTime::of(2024, 3, 1, 12, 0, 0);
-  for (std::int64_t n = 0; n < count; ++n) {
-    const std::string word = headword(n);
-    insert.bind(1, n + 1);
-    insert.bind(2, word);
-    insert.bind(3, "//" + word + "////sense of " + word);
-    insert.bind(4, stamp.plusDays(n % 1000).iso());
-    insert.bind(5, path);
-    insert.run();
-  }
-  file.run("COMMIT");
 }
 
 /// The middle of several runs, each over files opened anew.
@@ -227,14 +137,14 @@ double middlePage(const std::string& path) {
 }
 
 /// Finding headwords and their positions in a counted set: the first, the slowest and the middle one.
-void findWords(const std::string& path, std::int64_t count) {
+void findWords(const std::string& path, std::int64_t count, bool ordered) {
   engine::Workspace space = workspace();
   engine::Database database = space.OpenDatabase(path);
   engine::Recordset rows = database.OpenRecordset(entryList);
   rows.MoveLast();
   std::vector<double> seconds;
   for (std::int64_t i = 0; i < 200; ++i) {
-    const std::string word = headword((i * 7919 + 13) % count);
+    const std::string word = headword((i * 7919 + 13) % count, ordered);
     const double start = now();
     rows.FindFirst("begriff = \"" + word + "\"");
     const std::int64_t position = rows.AbsolutePosition() + 1;
@@ -286,14 +196,19 @@ double uncounted(const std::string& path) {
   return now() - start;
 }
 
-int run(const std::string& folder, std::int64_t count, bool walks) {
+/// What is asked for behind folder and entries.
+struct Order {
+  bool ordered = false, walks = true;
+};
+
+int run(const std::string& folder, std::int64_t count, const Order& order) {
   fs::create_directories(folder);
   const std::string number = std::to_string(count);
   const std::string many = folder + "/engine" + number + ".cvb", few = folder + "/engine10000.cvb",
                     plain = folder + "/engine" + number + ".db";
-  makeEngineFile(many, count);
-  makeEngineFile(few, 10000);
-  makePlainFile(plain, count);
+  makeEngineFile(many, count, order.ordered);
+  makeEngineFile(few, 10000, order.ordered);
+  makePlainFile(plain, count, order.ordered);
   forgetPeakMemory();
   std::printf("| what, over %s entries | ours | yardstick | ratio | aim |\n|---|---|---|---|---|\n",
               number.c_str());
@@ -312,11 +227,11 @@ int run(const std::string& folder, std::int64_t count, bool walks) {
   report("first page after the count, against 10000 entries", pageAlone(many, count), pageAlone(few, 10000),
          "1.5");
   report("a page in the middle, against 10000 entries", middlePage(many), middlePage(few), "");
-  findWords(many, count);
+  findWords(many, count, order.ordered);
   report("memory so far", peakMemory(), "MiB", "200 MiB");
   report("10000 queries by key opened, read and closed", middle(3, [&] { return smallSets(many, 10000); }),
          middle(3, [&] { return smallSetsPlain(plain, 10000); }), "");
-  if (!walks) return 0;
+  if (!order.walks) return 0;
   Seen ours, theirs;
   // By turns, so that a busy machine troubles both alike.
   std::vector<double> walked, plainly;
@@ -338,11 +253,11 @@ int run(const std::string& folder, std::int64_t count, bool walks) {
 
 int main(int argc, char** argv) {
   std::string folder = argc > 1 ? argv[1] : "/tmp/vocarium-bench";
-  bool walks = true;
+  bench::Order order;
   for (int i = 3; i < argc; ++i) {
-    bench::ordered = bench::ordered || std::string(argv[i]) == "ordered";
-    walks = walks && std::string(argv[i]) != "nowalk";
+    order.ordered = order.ordered || std::string(argv[i]) == "ordered";
+    order.walks = order.walks && std::string(argv[i]) != "nowalk";
   }
-  if (bench::ordered) folder += "/ordered";
-  return bench::run(folder, argc > 2 ? std::atoll(argv[2]) : 1'000'000, walks);
+  if (order.ordered) folder += "/ordered";
+  return bench::run(folder, argc > 2 ? std::atoll(argv[2]) : 1'000'000, order);
 }
