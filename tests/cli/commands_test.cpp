@@ -7,18 +7,8 @@
 
 #include "run_cli.h"
 
+namespace test {
 namespace {
-
-using test::cli;
-using test::CliFolder;
-using test::CliResult;
-using test::makeDictionary;
-using test::rows;
-using Lines = std::vector<std::string>;
-
-bool holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 TEST(Usage, wrongUsageIsToldAndEndsInTwo) {
   const CliFolder folder;
@@ -259,3 +249,4 @@ TEST(Care, copiesAskAboutTheirNewPlaceAndCompactionKeepsAllRows) {
 }
 
 }  // namespace
+}  // namespace test

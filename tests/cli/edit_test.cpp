@@ -4,13 +4,8 @@
 
 #include "run_cli.h"
 
+namespace test {
 namespace {
-
-using test::cli;
-using test::CliFolder;
-using test::makeDictionary;
-using test::rows;
-using Lines = std::vector<std::string>;
 
 TEST(Editing, changesEntriesMeaningsAndExamplesWithAllThatIsDerived) {
   const CliFolder folder;
@@ -160,3 +155,4 @@ TEST(Catalogue, isListedAndTakesAFile) {
 }
 
 }  // namespace
+}  // namespace test

@@ -4,18 +4,8 @@
 
 #include "run_cli.h"
 
+namespace test {
 namespace {
-
-using test::cli;
-using test::CliFolder;
-using test::CliResult;
-using test::makeDictionary;
-using test::rows;
-using Lines = std::vector<std::string>;
-
-bool holds(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
 
 TEST(Entries, areTypedShownAndDeletedWithTheirParts) {
   const CliFolder folder;
@@ -102,3 +92,4 @@ TEST(Entries, propertiesAndSubjectsAreAssignedOnce) {
 }
 
 }  // namespace
+}  // namespace test

@@ -12,6 +12,12 @@
 
 namespace test {
 
+using Lines = std::vector<std::string>;
+
+inline bool holds(const std::string& text, const std::string& part) {
+  return text.find(part) != std::string::npos;
+}
+
 struct CliResult {
   int code = 0;
   std::string out, err;

@@ -5,13 +5,8 @@
 
 #include "run_cli.h"
 
+namespace test {
 namespace {
-
-using test::cli;
-using test::CliFolder;
-using test::makeDictionary;
-using test::rows;
-using Lines = std::vector<std::string>;
 
 TEST(Links, areAddedToEntriesOfLinkCollections) {
   const CliFolder folder;
@@ -84,3 +79,4 @@ TEST(Settings, aNewSortOrderReachesTheFileWhenItCloses) {
 }
 
 }  // namespace
+}  // namespace test

@@ -10,19 +10,6 @@
 
 using namespace stored;
 
-namespace {
-
-void expectSame(const Content& one, const Content& other) {
-  EXPECT_EQ(one.headwords, other.headwords);
-  EXPECT_EQ(one.notes, other.notes);
-  EXPECT_EQ(one.senses, other.senses);
-  EXPECT_EQ(one.tables, other.tables);
-  EXPECT_EQ(one.queries, other.queries);
-  EXPECT_EQ(one.nextNumber, other.nextNumber);
-}
-
-}  // namespace
-
 TEST(Compact, KeepsAllAndChangesTheLocale) {
   const test::TempDir folder;
   const std::string source = folder / "WORDS.CVB", target = folder / "small.cvb";

@@ -140,4 +140,13 @@ inline std::vector<std::string> namesIn(const std::filesystem::path& folder) {
   return names;
 }
 
+inline void expectSame(const Content& one, const Content& other) {
+  EXPECT_EQ(one.headwords, other.headwords);
+  EXPECT_EQ(one.notes, other.notes);
+  EXPECT_EQ(one.senses, other.senses);
+  EXPECT_EQ(one.tables, other.tables);
+  EXPECT_EQ(one.queries, other.queries);
+  EXPECT_EQ(one.nextNumber, other.nextNumber);
+}
+
 }  // namespace stored

@@ -10,6 +10,10 @@
 
 namespace test {
 
+inline std::string text(std::int64_t number) {
+  return std::to_string(number);
+}
+
 /// One filled dictionary for all tests of a suite; they only read it.
 class QueriesTest : public ::testing::Test {
  protected:

@@ -2,12 +2,8 @@
 
 #include "queries_fixture.h"
 
+namespace test {
 namespace {
-
-using test::Assignment;
-using test::Entry;
-using test::Filling;
-using test::row;
 
 const std::vector<std::string> key = {"Woerterbuch.ID_Woerterbuch"};
 
@@ -171,3 +167,4 @@ TEST_F(EntryLists, FollowDates) {
 }
 
 }  // namespace
+}  // namespace test

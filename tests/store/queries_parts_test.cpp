@@ -1,19 +1,7 @@
 #include "queries_fixture.h"
 
+namespace test {
 namespace {
-
-using test::Assignment;
-using test::Entry;
-using test::Example;
-using test::Filling;
-using test::Link;
-using test::Meaning;
-using test::Reference;
-using test::row;
-
-std::string text(std::int64_t number) {
-  return std::to_string(number);
-}
 
 class EntryParts : public test::QueriesTest {};
 
@@ -181,3 +169,4 @@ TEST_F(EntryParts, JoinRulesToTheirVariants) {
 }
 
 }  // namespace
+}  // namespace test

@@ -2,21 +2,8 @@
 
 #include "queries_fixture.h"
 
+namespace test {
 namespace {
-
-using test::Assignment;
-using test::Entry;
-using test::Example;
-using test::Filling;
-using test::Link;
-using test::Meaning;
-using test::Reference;
-using test::row;
-using test::Text;
-
-std::string text(std::int64_t number) {
-  return std::to_string(number);
-}
 
 /// The items, or one that stands for the missing side of an outer join.
 template <class Item>
@@ -321,3 +308,4 @@ TEST_F(Views, RestrictTheTrainersPool) {
 }
 
 }  // namespace
+}  // namespace test
