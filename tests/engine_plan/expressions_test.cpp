@@ -179,6 +179,19 @@ TEST(Expressions, AskSubqueriesAboutTheRow) {
             "ID_Woerterbuch IN (SELECT TOP 1 ID_Woerterbuch FROM Wortbedeutung ORDER BY ID_Wortbedeutung "
             "DESC)"),
       Row{"3"});
+  // What asks for the same number twice, and the same turned round, where Null makes the difference.
+  const std::string twice =
+      "ID_Woerterbuch1 IN (SELECT DISTINCT ID_Woerterbuch FROM Wortbedeutung AS M WHERE M.ID_Woerterbuch = "
+      "Woerterbuch.ID_Woerterbuch1 AND M.Wortbedeutung <> 'nichts')";
+  const std::string once =
+      "EXISTS (SELECT * FROM Wortbedeutung AS M WHERE M.ID_Woerterbuch = Woerterbuch.ID_Woerterbuch1)";
+  files->file().run("UPDATE d1.Woerterbuch SET ID_Woerterbuch1 = NULL WHERE ID_Woerterbuch = 2");
+  const Row with = where(*files, once), without = where(*files, "NOT " + once);
+  EXPECT_EQ(with.size() + without.size(), 4U);
+  EXPECT_FALSE(with.empty());
+  EXPECT_EQ(where(*files, twice), with);
+  EXPECT_EQ(where(*files, "NOT (" + twice + ")"), without);
+  EXPECT_EQ(where(*files, "(" + twice + ") = False"), without);
   // The inner query names the row two levels out.
   EXPECT_EQ(
       where(*files,

@@ -65,7 +65,7 @@ Bound compare(const Level& level, const Bound& left, const std::string& op, cons
 Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse);
 /// Makes the text of a condition ask for its candidates first.
 void narrow(Bound& bound, Candidates candidates);
-Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr);
+Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse);
 /// The expression with the collation that its texts compare by; as it is when it can be no text.
 std::string collated(const Level& level, const Bound& bound);
 /// As text for joining and for LIKE: numbers in decimal, dates day first.

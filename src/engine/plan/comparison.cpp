@@ -186,7 +186,27 @@ void narrow(Bound& bound, Candidates candidates) {
   bound.candidates = std::make_shared<const Candidates>(std::move(candidates));
 }
 
-Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {
+namespace {
+
+/// "x IN (SELECT y ... WHERE y = x)" asks for x twice. Without the second time the select is the same for
+/// every row, so that SQLite runs it once and finds the rows by it. Null in place of false is the difference.
+void askOnce(const Bound& operand, Body& body) {
+  const Bound& column = body.outputs[0].value;
+  if (body.aggregated || !isNumber(operand) || !isNumber(column) || operand.key < 0 || column.key < 0) return;
+  const auto isSame = [&](int key, int position, const Bound& bound) {
+    return key == bound.key && position == bound.position;
+  };
+  std::erase_if(body.chain.where, [&](const Term& term) {
+    if (!term.link || term.filter) return false;
+    const Equality& link = *term.link;
+    return (isSame(link.left, link.leftColumn, operand) && isSame(link.right, link.rightColumn, column)) ||
+           (isSame(link.right, link.rightColumn, operand) && isSame(link.left, link.leftColumn, column));
+  });
+}
+
+}  // namespace
+
+Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr, bool nullIsFalse) {
   const Bound operand = bindExpression(binder, level, *expr.args[0]);
   Bound bound = truth({}, operand, operand);
   std::string left = collated(level, operand), list;
@@ -198,6 +218,7 @@ Bound bindIn(Binder& binder, const Level& level, const sql::Expr& expr) {
     if (body.top) nest(binder, body);
     body.distinct = false;
     body.repeats.clear();
+    if (nullIsFalse && !expr.negated) askOnce(operand, body);
     Bound& column = body.outputs[0].value;
     if (operand.type && column.type && isDate(operand) != isDate(column)) {
       left = coercedDate(operand);

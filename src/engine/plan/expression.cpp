@@ -227,7 +227,7 @@ Bound bindNode(Binder& binder, const Level& level, const sql::Expr& expr, bool n
     case sql::ExprKind::between:
       return bindBetween(binder, level, expr);
     case sql::ExprKind::in:
-      return bindIn(binder, level, expr);
+      return bindIn(binder, level, expr, nullIsFalse);
     case sql::ExprKind::isNull: {
       const Bound operand = bindExpression(binder, level, *expr.args[0]);
       return truth("(" + operand.text + (expr.negated ? " IS NOT NULL)" : " IS NULL)"), {&operand});
