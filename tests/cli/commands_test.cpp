@@ -30,7 +30,9 @@ TEST(Usage, wrongUsageIsToldAndEndsInTwo) {
                                     {"publish", "D.cvb", "paper", "out"},
                                     {"publish", "D.cvb", "html", "out", "--without", "everything"},
                                     {"sql", "D.cvb", "select 1", "--param", "novalue"},
-                                    {"list", "D.cvb", "--answers", "yes"}};
+                                    {"list", "D.cvb", "--answers", "yes"},
+                                    {"search", "D.cvb", "no text\xFF"},
+                                    {"search", "D.cvb", "half a character \xED\xA0\x80"}};
   for (const Lines& line : wrong) {
     const CliResult result = cli(line);
     EXPECT_EQ(result.code, 2) << (line.empty() ? "nothing" : line.back());
