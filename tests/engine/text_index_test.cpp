@@ -60,6 +60,24 @@ TEST(TextIndex, KeepsNullAndNotApartAndServesJoinsAndTheSecondInterface) {
   EXPECT_ANY_THROW(texts.database().OpenRecordset("SELECT * FROM [vc$text$11$Woerterbuch$changed]"));
 }
 
+TEST(TextIndex, HelpsAConditionThatAnotherIndexServesOnItsOwn) {
+  IndexedTexts texts(german);
+  texts.database().Execute("CREATE INDEX Note ON Woerterbuch (Bemerkung)");
+  texts.compact();
+  for (int i = 0; i < 30; ++i) {
+    const std::string inside = texts.pattern(), begins = texts.pattern().substr(1);
+    Ids both = texts.expected(inside, [](bool search, auto) { return search; });
+    const auto note = [](bool, std::optional<bool> hit) { return hit.value_or(false); };
+    both.merge(texts.expected(begins, note));
+    EXPECT_EQ(texts.found("bemerkung LIKE \"" + begins + "\" OR metasuche LIKE \"" + inside + "\""), both)
+        << begins << " " << inside;
+    EXPECT_EQ(texts.found("bemerkung LIKE \"" + begins + "\""), texts.expected(begins, note)) << begins;
+    EXPECT_EQ(texts.found("bemerkung LIKE \"" + begins + "\" OR bemerkung LIKE \"" + begins + "\""),
+              texts.expected(begins, note))
+        << begins;
+  }
+}
+
 TEST(TextIndex, FollowsEveryKindOfWrite) {
   IndexedTexts texts(german);
   for (int round = 0; round < 3; ++round) {

@@ -34,6 +34,7 @@ struct Candidates {
   std::string rowid;
   std::vector<std::string> selects;  ///< of row numbers, for SQLite
   std::string condition;
+  bool asked = false;  ///< the text asks for them; else another index serves the condition better on its own
 };
 
 /// Conditions of which a row of one base table instance meets at least one. For each of them an index hands
@@ -56,11 +57,11 @@ struct Bound {
   bool direct = false;             ///< the text names a column, so it is Null where its row is missing
   bool affinity = false;           ///< SQLite converts what it is compared with to the column's type
   bool aggregate = false;
-  int parameter = -1;                            ///< a bare parameter, by its position
-  int key = -1;                                  ///< a column of the base table instance of this number ...
-  int position = -1;                             ///< ... and its position there
-  std::optional<Equality> link;                  ///< an equality of two such columns
-  std::shared_ptr<const Candidates> candidates;  ///< of a condition whose text asks for them
+  int parameter = -1;            ///< a bare parameter, by its position
+  int key = -1;                  ///< a column of the base table instance of this number ...
+  int position = -1;             ///< ... and its position there
+  std::optional<Equality> link;  ///< an equality of two such columns
+  std::shared_ptr<const Candidates> candidates;
   std::shared_ptr<const Alternatives> alternatives;
   Refs refs;
 };

@@ -132,7 +132,6 @@ bool leadsIndex(const schema::Table& table, int column) {
 /// A select of the rows whose texts may match, where an index of the column's trigrams lists them; else
 /// empty. It can not tell a Null, so this serves only where Null is false.
 std::string mayMatch(const Key& key, int column, const text::LikePattern& pattern) {
-  if (pattern.bounds() && leadsIndex(*key.table, column)) return {};
   const auto grams = pattern.grams();
   return grams.empty() ? std::string() : key.file->rowsWithGrams(*key.table, column, grams);
 }
@@ -170,11 +169,17 @@ Bound bindLike(Binder& binder, const Level& level, const sql::Expr& expr, bool n
   const auto table = binder.tables.find(operand.key);
   if (!nullIsFalse || table == binder.tables.end() || operand.refs != Refs{operand.key}) return bound;
   const Key& key = table->second;
-  if (!bounds.empty() && leadsIndex(*key.table, operand.position))
+  const bool bounded = !bounds.empty() && leadsIndex(*key.table, operand.position);
+  if (bounded)
     bound.alternatives =
         std::make_shared<const Alternatives>(Alternatives{key.id, operand.position, {bound.text}});
   const std::string rows = mayMatch(key, operand.position, like);
-  if (!rows.empty()) narrow(bound, {key.id, key.rowid, {rows}, text});
+  if (rows.empty()) return bound;
+  Candidates candidates{key.id, key.rowid, {rows}, text, false};
+  if (bounded)
+    bound.candidates = std::make_shared<const Candidates>(std::move(candidates));
+  else
+    narrow(bound, std::move(candidates));
   return bound;
 }
 
@@ -183,6 +188,7 @@ void narrow(Bound& bound, Candidates candidates) {
   for (std::size_t i = 0; i < candidates.selects.size(); ++i)
     bound.text += (i > 0 ? " UNION ALL " : "") + candidates.selects[i];
   bound.text += ") AND " + candidates.condition + ")";
+  candidates.asked = true;
   bound.candidates = std::make_shared<const Candidates>(std::move(candidates));
 }
 

@@ -129,7 +129,10 @@ Bound logical(const std::string& op, const Bound& a, const Bound& b) {
       if (std::find(either.selects.begin(), either.selects.end(), select) == either.selects.end())
         either.selects.push_back(select);
     either.condition = "(" + either.condition + " OR " + b.candidates->condition + ")";
-    narrow(bound, std::move(either));
+    if (either.asked || b.candidates->asked)
+      narrow(bound, std::move(either));
+    else
+      bound.candidates = std::make_shared<const Candidates>(std::move(either));
   }
   if (op == "OR") noteEither(a, b, bound);
   if (op == "AND") noteBoth(a, b, bound);
