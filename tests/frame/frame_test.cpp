@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <optional>
 
-#include "browse/commands.h"
 #include "base/datetime.h"
 #include "base/text.h"
+#include "browse/commands.h"
 #include "catalogue/dialog.h"
 #include "entry/frmDeleteEintragEigenschaftSach.h"
 #include "entry/frmEintrag.h"
