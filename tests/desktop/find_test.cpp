@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QMenu>
 #include <QTextBrowser>
 #include <QTreeWidget>
 
+#include "browse/frmView.h"
 #include "windows.h"
 
 using namespace windows;
@@ -96,6 +98,52 @@ TEST(Find, AWordMarkedInThePageIsLookedUp) {
   menu->actions().last()->trigger();
   user.settle();
   EXPECT_EQ(selectedWord(user), "Löffel");
+}
+
+TEST(Find, ManyRowsComeInWhileTheFirstAreOnShow) {
+  User user;
+  makeKitchen(user);
+  auto& database = user.app->frame.session.files.CurrentDB;
+  constexpr int many = 700;
+  for (int n = 0; n < many; ++n)
+    database.Execute("insert into Woerterbuch (Begriff, SortBegriff, MetaSuche, Ebene) values (w, w, w, 1)",
+                     {{"w", "Teller" + std::to_string(n)}});
+  database.Execute(
+      "insert into Wortbedeutung (ID_Woerterbuch, Wortbedeutung) select ID_Woerterbuch, 'plate' from "
+      "Woerterbuch "
+      "where Begriff like 'Teller*'");
+  const auto rows = [](QWidget& window) {
+    return User::find<QTableView>(window, "DataGrid1").model()->rowCount();
+  };
+  const auto wait = [&](QWidget& window, int count) {
+    for (int turn = 0; rows(window) < count && turn < 1000; ++turn) QApplication::processEvents();
+    EXPECT_EQ(rows(window), count);
+  };
+  user.in("frmSearch", [&](QWidget& window) {
+    user.type(window, "TextBox1", "elle");
+    user.click(window, "Command1_0");
+    wait(window, many);
+    user.pickRow(window, "DataGrid1", many - 1);
+    EXPECT_EQ(User::textAt(window, "DataGrid4", 0, 0), "") << "it has no main entry";
+    user.click(window, "Command1_1");
+  });
+  user.choose("mnuSearchEntry");
+  user.in("frmSearch", [&](QWidget& window) {
+    user.type(window, "TextBox1", "tell");
+    wait(window, many);
+    for (int turn = 0; turn < 10; ++turn) QApplication::processEvents();
+    EXPECT_EQ(User::find<QLabel>(window, "StatusLabel").text(), QString::number(many));
+    user.click(window, "Command1_1");
+  });
+  user.choose("mnuGoto");
+  user.choose("mnuViewEntriesMeanings");
+  auto& table = *user.app->window->findChild<QWidget*>("frmView");
+  auto& view = dynamic_cast<browse::frmView&>(*user.app->frame.views.front().form);
+  EXPECT_FALSE(view.Adodc1.complete);
+  for (int turn = 0; !view.Adodc1.complete && turn < 1000; ++turn) QApplication::processEvents();
+  EXPECT_EQ(rows(table), view.Adodc1.rows.RecordCount());
+  EXPECT_GE(rows(table), many);
+  user.click(table, "Close");
 }
 
 TEST(Find, ATableIsEditedInPlace) {

@@ -27,6 +27,22 @@ void readOnForAWhile(browse::ResultGrid& result) {
 
 }  // namespace
 
+void readOnWhenIdle(QWidget& window, Face& face, const Grid& grid, browse::ResultGrid& result,
+                    std::function<void()> readOn) {
+  constexpr int soon = 200;  // milliseconds
+  auto* whenIdle = new QTimer(&window);
+  whenIdle->setSingleShot(true);
+  if (!readOn) readOn = [&result] { readOnForAWhile(result); };
+  QObject::connect(whenIdle, &QTimer::timeout, &window, [whenIdle, &face, &grid, readOn] {
+    // Drawing would take back what is being typed into a cell.
+    if (grid.isEditing())
+      whenIdle->start(soon);
+    else
+      face.run(readOn);
+  });
+  face.onDraw([whenIdle, &result] { result.complete ? whenIdle->stop() : whenIdle->start(0); });
+}
+
 QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::ResultGrid& result,
                    Grid*& made, std::function<void()> readOn) {
   Face& face = dialog.face;
@@ -39,11 +55,7 @@ QWidget* resultBox(Dialog& dialog, const char* objectName, int caption, browse::
   text->setBuddy(made);
   column->addWidget(text);
   column->addWidget(made, 1);
-  auto* whenIdle = new QTimer(box);
-  whenIdle->setSingleShot(true);
-  if (!readOn) readOn = [&result] { readOnForAWhile(result); };
-  QObject::connect(whenIdle, &QTimer::timeout, box, [&face, readOn] { face.run(readOn); });
-  face.onDraw([whenIdle, &result] { result.complete ? whenIdle->stop() : whenIdle->start(0); });
+  readOnWhenIdle(*box, face, *made, result, std::move(readOn));
   face.onDraw([box, text, grid = made, &result, usual = face.caption(caption)] {
     box->setVisible(result.visible);
     text->setText(result.label.empty() ? usual : qt(result.label));

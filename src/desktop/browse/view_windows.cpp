@@ -51,6 +51,7 @@ void ViewWindow::build(browse::frmView& form) {
     setWindowTitle(qt(form.caption));
     showResult(grid, form.Adodc1);
   });
+  readOnWhenIdle(*this, face_, grid, form.Adodc1);
   grid.selected = [&form](int row) { form.Adodc1.selected = row; };
   auto* commands = new QHBoxLayout;
   commands->addStretch(1);

@@ -30,6 +30,7 @@ class Grid : public QTableView {
   /// Marks a row without telling it; -1 for none.
   void setCurrentRow(int row);
   int currentRow() const { return currentIndex().row(); }
+  bool isEditing() const { return state() == EditingState; }
 
   /// A row was chosen by mouse or key; only the user's doing is told.
   std::function<void(int row)> selected;
