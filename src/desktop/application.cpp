@@ -1,5 +1,8 @@
 #include "desktop/application.h"
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
+
 #include "base/error.h"
 #include "catalogue/label.h"
 #include "desktop/kit/text.h"
@@ -25,6 +28,10 @@ Application::Application(const std::string& programPath, bool english)
   desk.ok = text(label::ok);
   desk.cancel = text(label::cancel);
   desk.readOnly = text(label::read_only);
+  // The toolkit speaks English by itself; where its translation is missing, its dialogs go on to.
+  if (session.texts.UILanguage == 1 &&
+      toolkitTexts_.load("qtbase_de", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QCoreApplication::installTranslator(&toolkitTexts_);
   window = std::make_unique<MainWindow>(*this);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTranslator>
 #include <memory>
 #include <string>
 
@@ -31,6 +32,9 @@ class Application {
   frame::frmMDI frame;
   Gate gate;
   std::unique_ptr<MainWindow> window;
+
+ private:
+  QTranslator toolkitTexts_;  ///< of the toolkit's own dialogs and menus
 };
 
 }  // namespace desktop

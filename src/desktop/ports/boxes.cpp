@@ -52,6 +52,9 @@ QString filterOf(const std::string& filter) {
   return made.join(";;");
 }
 
+/// The pattern of a dialog that asks for a folder: no file bears such a name.
+constexpr const char* folderPattern = "*.~#~";
+
 /// Boxes are modal windows of their own: the pointer of a command that waits for an answer is put back.
 class PlainPointer {
  public:
@@ -116,8 +119,13 @@ platform::FileChoice Desk::askFile(const platform::FileDialog& wanted, bool save
   dialog.setObjectName("FileDialog");
   // The toolkit's own dialog: only to that one the read-only box can be added.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  const bool folder = wanted.filter.ends_with(folderPattern);
+  dialog.setAcceptMode(save && !folder ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  if (folder) {
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+  }
   if (!wanted.fileName.empty()) dialog.selectFile(qt(wanted.fileName));
   dialog.setDefaultSuffix(qt(wanted.extension));
   QCheckBox* readOnlyBox = nullptr;
