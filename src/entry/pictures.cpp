@@ -54,6 +54,22 @@ void showPicture(frmEintrag& form, platform::Picture picture) {
 
 using StoreName = std::function<void(const std::string& name)>;
 
+bool namedByAnEntry(session::Session& s, const std::string& name) {
+  auto rows = s.files.CurrentDB.OpenRecordset(
+      "select id_woerterbuch from woerterbuch where bild = '" + session::escapedSQLText(name) + "'",
+      engine::RecordsetKind::snapshot);
+  return !rows.EndOfFile();
+}
+
+/// Takes away the file of a picture that another one has replaced, where no entry names it any more.
+void removeReplaced(frmEintrag& form, const std::string& name) {
+  session::Session& s = form.session;
+  if (base::trim(name).empty() || namedByAnEntry(s, name) || !s.files.paths.exists(mediaPath(s, name)))
+    return;
+  session::commitGathered(s);
+  attempt(form, [&] { removeMediaFile(s, name); });
+}
+
 /// Gives the entry a picture file: its derived name goes into the row by `store`, `write` makes the file.
 void setPicture(frmEintrag& form, const std::string& extension, const StoreName& store,
                 const std::function<void(const std::string& path)>& write) {
@@ -64,7 +80,8 @@ void setPicture(frmEintrag& form, const std::string& extension, const StoreName&
     store(name);
     onMediaFile(s, FileUse::written, path, [&] { write(path); });
   });
-  form.record.Bild = name;
+  const std::string before = std::exchange(form.record.Bild, name);
+  if (before != name) removeReplaced(form, before);
 }
 
 StoreName byStatement(session::Session& s) {

@@ -77,9 +77,19 @@ TEST_F(Pictures, AreCopiedUnderTheirOwnExtension) {
   ASSERT_TRUE(open(source("photo.jpeg")));
   EXPECT_EQ(row("Bild"), file(".jpg"));
   EXPECT_EQ(form.picture.Lead1.at(0, 0), test::green);
-  // The entry's own file again.
-  ASSERT_TRUE(open(media + file(".png")));
-  EXPECT_EQ(read(file(".png")), FakeImages::bytes(4, 3, test::blue));
+  // The one that was replaced is gone; the entry's own file again is kept.
+  EXPECT_FALSE(std::filesystem::exists(media + file(".png")));
+  ASSERT_TRUE(open(media + file(".jpg")));
+  EXPECT_TRUE(std::filesystem::exists(media + file(".jpg")));
+}
+
+TEST_F(Pictures, AReplacedFileStaysWhereAnotherEntryNamesIt) {
+  ASSERT_TRUE(open(source("a.png")));
+  s.files.CurrentDB.Execute("insert into Woerterbuch (Begriff, Ebene, Bild) values ('other', 1, '" +
+                            file(".png") + "')");
+  ASSERT_TRUE(open(source("b.jpg")));
+  EXPECT_EQ(row("Bild"), file(".jpg"));
+  EXPECT_TRUE(std::filesystem::exists(media + file(".png")));
 }
 
 TEST_F(Pictures, ThatCanNotBeShownAreRefused) {
