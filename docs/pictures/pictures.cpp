@@ -8,53 +8,14 @@
 #include <filesystem>
 #include <iostream>
 
+#include "album.h"
 #include "desktop/browse/browser_window.h"
 #include "desktop/shell/splash.h"
 #include "support/fake_media.h"
-#include "support/user.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-class Album {
- public:
-  Album(User& user, fs::path folder) : user_(user), folder_(std::move(folder)) {
-    fs::create_directories(folder_);
-  }
-
-  void save(QWidget& window, const std::string& name) {
-    QApplication::processEvents();
-    const std::string path = (folder_ / (name + ".png")).string();
-    if (!window.grab().save(QString::fromStdString(path))) throw std::runtime_error("can not write " + path);
-    std::cout << path << std::endl;
-  }
-  /// Every tab of a dialog that has them.
-  void tabs(QWidget& window, const std::string& form) {
-    auto& strip = User::find<QTabWidget>(window, "SSTab1");
-    for (int n = 0; n < strip.count(); ++n) {
-      if (!strip.isTabVisible(n) || !strip.isTabEnabled(n)) continue;
-      strip.setCurrentIndex(n);
-      save(window, form + "-" + std::to_string(n + 1));
-    }
-  }
-  /// A dialog that a menu item opens: as it comes, then closed.
-  void dialog(const char* menuItem, const std::string& form) {
-    user_.in(form, [this, form](QWidget& window) {
-      if (window.findChild<QTabWidget*>("SSTab1") != nullptr)
-        tabs(window, form);
-      else
-        save(window, form);
-      close(window);
-    });
-    user_.choose(menuItem);
-  }
-  static void close(QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); }
-
- private:
-  User& user_;
-  fs::path folder_;
-};
 
 /// A dark palette, as desktops offer it.
 void darken() {
@@ -153,15 +114,6 @@ void media(User& user, Album& album) {
   user.app->session.desk.media.sound = before;
 }
 
-void boxes(User& user, Album& album) {
-  selectWord(user, "Igel");
-  user.in("MessageBox", [&](QWidget& box) {
-    album.save(box, "box-question");
-    user.click(box, "No");
-  });
-  user.choose("mnuDeleteEntry");
-}
-
 /// The views that stay open inside the frame; each is closed again.
 void views(User& user, Album& album) {
   user.in("frmSearch", [&](QWidget& window) {
@@ -236,7 +188,6 @@ void makeAll(const std::string& dictionary, const fs::path& folder, bool english
   media(user, album);
   help(user, album);
   boxes(user, album);
-  user.choose("mnuClose");
 }
 
 }  // namespace
@@ -248,7 +199,9 @@ int main(int argc, char** argv) {
   }
   try {
     if (argc == 5) darken();
-    makeAll(argv[1], argv[2], std::string(argv[3]) == "en");
+    const bool english = std::string(argv[3]) == "en";
+    makeAll(argv[1], argv[2], english);
+    awkward(english, argv[2]);
     return 0;
   } catch (const std::exception& failure) {
     std::cerr << failure.what() << std::endl;
