@@ -2,6 +2,8 @@
 
 #include "browse/display.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "browse/frmWoerter.h"
 #include "browse/page_html.h"
@@ -135,6 +137,8 @@ DisplaySettings readDisplaySettings(session::Session& s) {
   settings.EnumMeaning = store::truth(row["EnumMeaning"]);
   settings.ShowURLSeparate = store::truth(row["ShowURLSeparate"]);
   settings.ShowRating = store::truth(row["ShowRating"]);
+  settings.RightToLeftFrom = store::truth(row["RightToLeftFrom"]);
+  settings.RightToLeftTo = store::truth(row["RightToLeftTo"]);
   settings.StyleSheetPath = row["StyleSheetPath"].textOrEmpty();
   return settings;
 }
@@ -162,6 +166,7 @@ void ShowAllToWordUniCode(frmWoerter& form) {
 
 void clearDisplay(frmWoerter& form) {
   form.display = {};
+  ++form.entriesShown;
 }
 
 void ShowEntry(frmWoerter& form) {
@@ -171,10 +176,13 @@ void ShowEntry(frmWoerter& form) {
   display.aggregate = ReadFromDB_Woerterbuch(s, s.entry.SelectedEntryId);
   display.settings = readDisplaySettings(s);
   display.asPage = display.settings.Stil1 || display.settings.Stil2;
-  if (display.asPage)
-    display.page = WriteHTMLFile(s, display.aggregate, display.settings);
-  else
+  if (display.asPage) {
+    WrittenPage written = WriteHTMLFile(s, display.aggregate, display.settings);
+    display.page = std::move(written.path);
+    display.pageText = std::move(written.text);
+  } else {
     ShowAllToWordUniCode(form);
+  }
   showSurroundings(form);
 }
 

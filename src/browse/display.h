@@ -59,6 +59,7 @@ struct EntryAggregate {
 struct DisplaySettings {
   bool Stil1 = false, Stil2 = false;  ///< either on: as a page
   bool EnumMeaning = false, ShowURLSeparate = false, ShowRating = false;
+  bool RightToLeftFrom = false, RightToLeftTo = false;
   std::string StyleSheetPath;
 };
 
@@ -75,8 +76,9 @@ inline constexpr std::uint32_t headwordColour = 0x800000, pronunciationColour = 
 struct EntryDisplay {
   EntryAggregate aggregate;
   DisplaySettings settings;
-  bool asPage = false;  ///< WebBrowser1 takes the place of labels and grids
-  std::string page;     ///< where WebBrowser1 stands: path of the written page; empty: nowhere yet
+  bool asPage = false;   ///< WebBrowser1 takes the place of labels and grids
+  std::string page;      ///< where WebBrowser1 stands: path of the written page; empty: nowhere yet
+  std::string pageText;  ///< what was written there; other browsers write to the same place
 
   std::string headword, headwordFont;
   Grid pronunciation;  ///< MSHFlexGridLautschrift: one cell

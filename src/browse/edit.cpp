@@ -10,6 +10,7 @@
 #include "shell/session/errors.h"
 #include "shell/session/messages.h"
 #include "shell/session/texts.h"
+#include "store/rows.h"
 
 namespace browse {
 
@@ -56,6 +57,18 @@ void showAgain(frmWoerter& form, std::int64_t id, std::int64_t mainId) {
     SkipToEntry(form);
   }
   selectById(form, id);
+}
+
+/// Reopens rsWoerter and goes back to where the next page begins.
+void reloadInPlace(frmWoerter& form) {
+  auto& rows = form.rsWoerter;
+  const bool atEnd = !rows.isOpen() || rows.EndOfFile();
+  const std::int64_t next = atEnd ? 0 : store::numberOf(rows["woerterbuch.id_woerterbuch"]);
+  const std::string file = atEnd ? std::string() : rows["DATABASENAME"].textOrEmpty();
+  LoadAllWords(form);
+  showCount(form);
+  if (!atEnd) rows.FindFirst(entryCondition(form.session, next, file));
+  if (atEnd && !rows.EndOfFile()) rows.MoveNext();
 }
 
 /// Places the row just saved: a main entry at the end of the list, a sub-entry below the selected row.
@@ -128,7 +141,7 @@ void AddEntry(frmWoerter& form) {
   if (entry.CurrentBegriff.empty()) entry.CurrentBegriff = session::labelText(session, label::new_headword);
   session.desk.boxes.showModal(form.editor);
   if (entry.CurrentBegriff.empty()) return;
-  LoadAllWords(form);
+  reloadInPlace(form);
   placeNewRow(form);
 }
 

@@ -62,6 +62,7 @@ struct frmWoerter {
   std::string Text3;                    ///< the search box
   std::function<void()> releaseFilter;  ///< resets the filter dialog; empty: there is none
   EntryDisplay display;                 ///< the right side
+  int entriesShown = 0;                 ///< another number each time that side changes
   std::vector<std::string> letters;     ///< captions of the letter buttons, at most 26
   std::vector<std::string> KategorieCombo, SachgebietCombo;
   BrowserFocus focus = BrowserFocus::list;
@@ -77,6 +78,8 @@ void FormInit(frmWoerter& form);
 void LoadAllWords(frmWoerter& form);
 /// Reopens rsWoerter under the ordering in force and updates the count label.
 void SelectByLetter(frmWoerter& form);
+/// Counts the rows of rsWoerter for the count label; it stands on the last one then.
+void showCount(frmWoerter& form);
 /// Fills the first page, or the page that begins with the pending target, into the four lists.
 void BuildWordTreeNew(frmWoerter& form);
 void pageForward(frmWoerter& form);

@@ -167,14 +167,17 @@ void LoadAllWords(frmWoerter& form) {
   session::ShowStatus(form.session, "", false);
 }
 
+void showCount(frmWoerter& form) {
+  if (!hasRows(form.rsWoerter)) return;
+  form.rsWoerter.MoveLast();
+  form.countLabel = session::labelText(form.session, label::entry_count) + " " +
+                    std::to_string(form.rsWoerter.RecordCount());
+}
+
 void SelectByLetter(frmWoerter& form) {
   form.rsWoerter = openRewritten(
       form.session, form.session.shell.dateOrder ? "AllWordsOrderByDateTimeStamp" : "AllWordsOrderByBegriff");
-  if (hasRows(form.rsWoerter)) {
-    form.rsWoerter.MoveLast();
-    form.countLabel = session::labelText(form.session, label::entry_count) + " " +
-                      std::to_string(form.rsWoerter.RecordCount());
-  }
+  showCount(form);
   form.session.shell.pendingRefresh = false;
 }
 

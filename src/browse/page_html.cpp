@@ -1,6 +1,7 @@
 #include "browse/page_html.h"
 
 #include <filesystem>
+#include <utility>
 
 #include "base/error.h"
 #include "base/paths.h"
@@ -220,6 +221,35 @@ bool isRefusal(int number) {
   return number == engine::errors::permissionDenied || number == engine::errors::diskFull || number == 75;
 }
 
+/// The elements of the page that hold texts of the source or of the target language.
+struct LanguageElement {
+  const char *begin, *end;
+  bool DisplaySettings::*fromRight;
+  bool block;  ///< a paragraph of its own, not a part of one
+};
+constexpr LanguageElement languageElements[] = {
+    {"<H1>", "</H1>", &DisplaySettings::RightToLeftFrom, true},
+    {"<H2>", "</H2>", &DisplaySettings::RightToLeftTo, true},
+    {"<H6>", "</H6>", &DisplaySettings::RightToLeftFrom, true},
+    {"<B>", "</B>", &DisplaySettings::RightToLeftFrom, false},
+    {"<I>", "</I>", &DisplaySettings::RightToLeftTo, false},
+};
+// Marks that keep the direction of a part of a paragraph to itself.
+constexpr const char *isolateFromLeft = "\u2066", *isolateFromRight = "\u2067", *isolateEnd = "\u2069";
+
+/// A line that begins or ends an element, with the direction of the element's text.
+std::string directedLine(const std::string& line, const DisplaySettings& settings) {
+  for (const LanguageElement& element : languageElements) {
+    const bool fromRight = settings.*element.fromRight;
+    if (line == element.begin) {
+      if (!element.block) return line + (fromRight ? isolateFromRight : isolateFromLeft);
+      return fromRight ? line.substr(0, line.size() - 1) + " dir=\"rtl\">" : line;
+    }
+    if (line == element.end && !element.block) return isolateEnd + line;
+  }
+  return line;
+}
+
 /// A line of the page in a form that needs no leniency.
 std::string strictLine(const std::string& line) {
   const std::size_t face = line.starts_with("<FONT ") ? line.find("Face=") : std::string::npos;
@@ -237,25 +267,26 @@ bool pageShowsPicture(const std::string& name) {
   return kind == "GIF" || kind == "JPG";
 }
 
-std::string WriteHTMLFile(session::Session& s, const EntryAggregate& entry, const DisplaySettings& settings) {
-  const std::string page = composed(s, entry, settings);
+WrittenPage WriteHTMLFile(session::Session& s, const EntryAggregate& entry, const DisplaySettings& settings) {
+  std::string page = composed(s, entry, settings);
   const fs::path beside = dictionaryFolder(s) / pageFileName;
   try {
     session::writeWhole(beside, page);
-    return beside.string();
+    return {beside.string(), std::move(page)};
   } catch (const base::Error& error) {
     if (!isRefusal(error.number())) throw;
   }
   const fs::path own = s.files.paths.real(s.folders.AppConfigPath) / pageFileName;
   session::writeWhole(own, page);
-  return own.string();
+  return {own.string(), std::move(page)};
 }
 
-std::string forStrictView(const std::string& page) {
+std::string forStrictView(const std::string& page, const DisplaySettings& settings) {
+  const bool directed = settings.RightToLeftFrom || settings.RightToLeftTo;
   std::string result;
   for (const std::string& line : base::split(page, "\r\n")) {
     if (!result.empty()) result += "\r\n";
-    result += strictLine(line);
+    result += strictLine(directed ? directedLine(line, settings) : line);
   }
   return base::replaceAll(result, "type=\"Text/CSS\"", "type=\"text/css\"");
 }

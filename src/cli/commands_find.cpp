@@ -90,7 +90,7 @@ int runPage(Application& app, const std::vector<std::string>& words) {
     auto& session = app.session;
     select(app, id);
     const auto entry = browse::ReadFromDB_Woerterbuch(session, id);
-    std::cout << browse::WriteHTMLFile(session, entry, browse::readDisplaySettings(session)) << '\n';
+    std::cout << browse::WriteHTMLFile(session, entry, browse::readDisplaySettings(session)).path << '\n';
     return true;
   });
 }

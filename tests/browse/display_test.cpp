@@ -110,7 +110,8 @@ TEST_F(Display, ThePageFollowsTheSettings) {
   EXPECT_NE(body().find("<A> Eigenschaften: Pl.</A>"), std::string::npos) << body();
   EXPECT_NE(body().find("<A> Sachgebiete: Arch.</A>"), std::string::npos);
   EXPECT_NE(body().find("<FONT Face=Arial Unicode MS>"), std::string::npos);
-  const std::string strict = browse::forStrictView(test::TempDir::read(form.display.page));
+  const std::string strict =
+      browse::forStrictView(test::TempDir::read(form.display.page), form.display.settings);
   EXPECT_NE(strict.find("<FONT Face=\"Arial Unicode MS\">\r\n"), std::string::npos) << strict;
   EXPECT_NE(strict.find("type=\"text/css\""), std::string::npos);
   EXPECT_NE(strict.find("</EM></FONT>\r\n<P>"), std::string::npos);

@@ -167,6 +167,23 @@ TEST_F(Media, ThePictureStandsBelowTheEntryInEitherPresentation) {
   EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(60, 60));
 }
 
+TEST_F(Media, ADoubleClickOnThePicturesPlaceInThePageShowsItWhole) {
+  present(true);
+  setPicture(picture("a.jpg", 80, 60));
+  auto& page = user.find<QTextBrowser>("WebBrowser1");
+  const QTextCursor before = page.document()->find(QString(QChar::ObjectReplacementCharacter));
+  ASSERT_FALSE(before.isNull());
+  QTextCursor start = before;
+  start.setPosition(before.selectionStart());
+  const QRect left = page.cursorRect(start);
+  user.in("frmVollBild", [&](QWidget& screen) { QTest::keyClick(&screen, Qt::Key_Escape); });
+  QTest::mouseDClick(page.viewport(), Qt::LeftButton, {}, QPoint(left.x() + 40, left.bottom() - 30));
+  user.settle();
+  EXPECT_FALSE(user.hasPlans());
+  QTest::mouseDClick(page.viewport(), Qt::LeftButton, {}, QPoint(left.x() + 200, left.bottom() - 30));
+  user.settle();
+}
+
 TEST_F(Media, APictureComesFromClipboardScannerAndDrop) {
   inEditor([&](QWidget& window) {
     QApplication::clipboard()->clear();

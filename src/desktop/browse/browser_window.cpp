@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEvent>
-#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -14,13 +13,13 @@
 #include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/display_panel.h"
+#include "desktop/kit/flow.h"
 #include "desktop/shell/main_window.h"
 
 namespace desktop {
 namespace {
 
 constexpr const char* formName = "frmWoerter";
-constexpr int lettersInRow = 27;
 
 }  // namespace
 
@@ -45,9 +44,7 @@ BrowserWindow::~BrowserWindow() = default;
 
 QWidget* BrowserWindow::buildLetters() {
   auto* bar = new QWidget(this);
-  auto* row = new QHBoxLayout(bar);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(1);
+  auto* row = new Flow(bar);
   const auto made = [&](const QString& caption, const char* objectName) {
     auto* button = new QToolButton(bar);
     button->setText(caption);
@@ -70,7 +67,6 @@ QWidget* BrowserWindow::buildLetters() {
       face_.run([&] { browse::letterButton(form_, index); });
     });
   }
-  row->addStretch(1);
   return bar;
 }
 
@@ -120,6 +116,9 @@ QWidget* BrowserWindow::buildList() {
   QLabel& count = face_.shown("CountLabel", [this] { return form_.countLabel; });
   count.setAlignment(Qt::AlignCenter);
   column->addWidget(&count);
+  QLabel& filter = face_.shown("Label1", [this] { return browse::ShowFilterStatus(app_.frame.filter); });
+  filter.setAlignment(Qt::AlignCenter);
+  column->addWidget(&filter);
   return half;
 }
 
@@ -137,6 +136,7 @@ void BrowserWindow::draw() {
 void BrowserWindow::drawList() {
   const auto& texts = form_.list.List2;
   words_->setFont(fontNamed(app_.session.project.FontFrom));
+  setDirection(*words_, form_.display.settings.RightToLeftFrom);
   bool same = words_->count() == static_cast<int>(texts.size());
   for (int row = 0; same && row < words_->count(); ++row)
     same = words_->item(row)->text() == qt(texts[static_cast<std::size_t>(row)]);

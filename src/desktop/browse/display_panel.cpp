@@ -8,16 +8,17 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QTextImageFormat>
+#include <algorithm>
 
 #include "browse/page_html.h"
 #include "catalogue/label.h"
 #include "desktop/application.h"
 #include "desktop/browse/entry_page.h"
 #include "desktop/browse/media_bar.h"
+#include "desktop/kit/heading.h"
 
 namespace desktop {
 
@@ -55,46 +56,47 @@ DisplayPanel::DisplayPanel(Application& app, Face& face, browse::frmWoerter& for
   column->setContentsMargins(0, 0, 0, 0);
   auto* parts = new QSplitter(Qt::Vertical, this);
   parts->setChildrenCollapsible(false);
-  views_ = new QStackedWidget(parts);
-  page_ = new EntryPage(views_);
+  page_ = new EntryPage(parts);
   page_->setObjectName("WebBrowser1");
   QObject::connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) {
-    face_.run([&] { app_.session.desk.outside.open(url.toString().toStdString()); });
+    face_.run([&] { app_.session.desk.outside.open(url.toString(QUrl::FullyEncoded).toStdString()); });
   });
   page_->pictureActivated = [this](const QString& address) {
     if (address.endsWith(qt(form_.display.aggregate.entry.Bild)))
       face_.run([this] { browse::Image1_DblClick(form_); });
   };
   offerLookUp(app_, face_, *page_);
-  views_->addWidget(page_);
-  views_->addWidget(buildGrids());
-  parts->addWidget(views_);
+  parts->addWidget(page_);
+  parts->addWidget(grids_ = buildGrids());
   parts->addWidget(new MediaBar(face_, form_, parts));
   parts->setStretchFactor(0, 3);
   parts->setStretchFactor(1, 2);
+  parts->setStretchFactor(2, 2);
   column->addWidget(parts, 1);
   face_.onDraw([this] { draw(); });
 }
 
 QWidget* DisplayPanel::buildGrids() {
-  auto* view = new QWidget(views_);
+  auto* view = new QWidget(this);
   auto* column = new QVBoxLayout(view);
-  auto* head = new QHBoxLayout;
+  column->setContentsMargins(0, 0, 0, 0);
+  head_ = new QWidget(view);
+  auto* words = new QVBoxLayout(head_);
   const auto text = [&](const char* objectName) {
-    auto* made = new QLabel(view);
+    auto* made = new QLabel(head_);
     made->setObjectName(objectName);
     made->setTextFormat(Qt::PlainText);
     made->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    words->addWidget(made);
     return made;
   };
-  auto* words = new QVBoxLayout;
-  words->addWidget(headword_ = text("HeadwordLabel"));
-  words->addWidget(pronunciation_ = text("MSHFlexGridLautschrift"));
-  words->addWidget(created_ = text("DateLabel"));
-  words->addWidget(dictionary_ = text("DictionaryLabel"));
-  headword_->setWordWrap(true);
-  head->addLayout(words, 1);
-  column->addLayout(head);
+  headword_ = new Heading(head_);
+  headword_->setObjectName("HeadwordLabel");
+  words->addWidget(headword_);
+  pronunciation_ = text("MSHFlexGridLautschrift");
+  created_ = text("DateLabel");
+  dictionary_ = text("DictionaryLabel");
+  column->addWidget(head_);
   tabs_ = new QTabWidget(view);
   addTab(*tabs_, "MSHFlexGridWortbedBsp", label::meanings, &browse::EntryDisplay::meanings, nullptr);
   auto* notes = new QPlainTextEdit(tabs_);
@@ -128,19 +130,21 @@ void DisplayPanel::addTab(QTabWidget& tabs, const char* objectName, int caption,
       face_.run([&] { clicked(form_, static_cast<std::size_t>(row)); });
     };
   const int index = tabs.addTab(&grid, face_.caption(caption));
-  grids_.push_back({&grid, rows, caption, index});
+  tabList_.push_back({&grid, rows, caption, index});
 }
 
 void DisplayPanel::draw() {
-  const browse::EntryDisplay& display = form_.display;
-  views_->setCurrentIndex(display.asPage ? 0 : 1);
-  if (display.asPage)
-    page_->open(qt(display.page));
-  else
-    drawGrids();
+  const bool asPage = form_.display.asPage;
+  page_->setVisible(asPage);
+  head_->setVisible(!asPage);
+  if (asPage) page_->open(form_.display, form_.entriesShown);
+  if (!asPage) drawHead();
+  drawGrids();
+  grids_->setVisible(showTabs());
+  if (!asPage) drawNote();
 }
 
-void DisplayPanel::drawGrids() {
+void DisplayPanel::drawHead() {
   const browse::EntryDisplay& display = form_.display;
   QFont font = fontNamed(display.headwordFont);
   font.setPointSizeF(font.pointSizeF() * 1.6);
@@ -151,6 +155,7 @@ void DisplayPanel::drawGrids() {
   const bool dark = palette().color(QPalette::Base).lightness() < 128;
   headword_->setStyleSheet(dark ? QString() : colour(browse::headwordColour));
   headword_->setText(qt(display.headword));
+  setDirection(*headword_, display.settings.RightToLeftFrom);
   pronunciation_->setFont(fontNamed(display.pronunciationFont, true));
   pronunciation_->setStyleSheet(dark ? QString() : colour(browse::pronunciationColour));
   const auto& cells = display.pronunciation.rows;
@@ -158,25 +163,76 @@ void DisplayPanel::drawGrids() {
   created_->setText(qt(display.created));
   dictionary_->setText(qt(display.dictionary));
   dictionary_->setVisible(!display.dictionary.empty());
+}
+
+void DisplayPanel::drawNote() {
+  const browse::EntryDisplay& display = form_.display;
   showText(*note_, display.note);
   note_->setFont(fontNamed(display.noteFont));
-  if (display.noteMark.length > 0) {
-    QTextCursor cursor = note_->textCursor();
-    cursor.setPosition(static_cast<int>(display.noteMark.start));
-    cursor.setPosition(static_cast<int>(display.noteMark.start + display.noteMark.length),
-                       QTextCursor::KeepAnchor);
-    note_->setTextCursor(cursor);
-    tabs_->setCurrentWidget(note_);
-  }
-  for (const Tab& tab : grids_) {
+  setDirection(*note_, display.settings.RightToLeftFrom);
+  if (display.noteMark.length == 0) return;
+  QTextCursor cursor = note_->textCursor();
+  cursor.setPosition(static_cast<int>(display.noteMark.start));
+  cursor.setPosition(static_cast<int>(display.noteMark.start + display.noteMark.length),
+                     QTextCursor::KeepAnchor);
+  note_->setTextCursor(cursor);
+  tabs_->setCurrentWidget(note_);
+}
+
+void DisplayPanel::drawGrids() {
+  const browse::EntryDisplay& display = form_.display;
+  for (const Tab& tab : tabList_) {
     const browse::Grid& rows = display.*tab.rows;
     QStringList heads;
     for (const std::string& each : rows.captions) heads << qt(each);
-    tab.grid->setHeads(heads);
+    if (heads != tab.grid->heads()) tab.grid->setHeads(heads);
     tab.grid->setRows(rows.rows);
+    tab.grid->setRightToLeft(directions(tab.rows));
     const QString count = rows.rows.empty() ? QString() : QString(" (%1)").arg(rows.rows.size());
     tabs_->setTabText(tab.index, face_.caption(tab.caption) + count);
   }
+}
+
+bool DisplayPanel::belongs(const Tab& tab) const {
+  const bool besidePage = tab.rows == &browse::EntryDisplay::crossReferences ||
+                          tab.rows == &browse::EntryDisplay::links ||
+                          tab.rows == &browse::EntryDisplay::attachments;
+  if (form_.display.asPage) return besidePage && !(form_.display.*tab.rows).rows.empty();
+  const bool ofMeanings = tab.rows == &browse::EntryDisplay::meanings ||
+                          tab.rows == &browse::EntryDisplay::meaningProperties ||
+                          tab.rows == &browse::EntryDisplay::meaningSubjects;
+  return !ofMeanings || app_.session.project.ProjectType == 1;
+}
+
+bool DisplayPanel::showTabs() {
+  bool changed = false;
+  const auto show = [&](int index, bool shown) {
+    if (tabs_->isTabVisible(index) == shown) return;
+    tabs_->setTabVisible(index, shown);
+    changed = true;
+  };
+  show(tabs_->indexOf(note_), !form_.display.asPage);
+  for (const Tab& tab : tabList_) show(tab.index, belongs(tab));
+  // A link collection begins with its links.
+  std::vector<int> order;
+  for (const Tab& tab : tabList_)
+    if (tab.rows == &browse::EntryDisplay::links && app_.session.project.ProjectType != 1)
+      order.push_back(tab.index);
+  for (int n = 0; n < tabs_->count(); ++n) order.push_back(n);
+  const auto first = std::ranges::find_if(order, [this](int index) { return tabs_->isTabVisible(index); });
+  if (first == order.end()) return false;
+  if (changed) tabs_->setCurrentIndex(*first);
+  return true;
+}
+
+/// The columns that hold texts of a language: meanings come first, then examples with their translations.
+std::vector<bool> DisplayPanel::directions(browse::Grid browse::EntryDisplay::*rows) const {
+  const bool from = form_.display.settings.RightToLeftFrom, to = form_.display.settings.RightToLeftTo;
+  if (rows == &browse::EntryDisplay::meanings) return {to, from, to};
+  if (rows == &browse::EntryDisplay::meaningProperties || rows == &browse::EntryDisplay::meaningSubjects)
+    return {to};
+  if (rows == &browse::EntryDisplay::crossReferences) return {from};
+  return {};
 }
 
 }  // namespace desktop

@@ -22,14 +22,12 @@ EntryPage::EntryPage(QWidget* parent) : QTextBrowser(parent) {
   setPalette(paper);
 }
 
-void EntryPage::open(const QString& path) {
-  QFile file(path);
-  const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  if (path == shown_ && bytes == bytes_) return;
-  shown_ = path;
-  bytes_ = bytes;
-  document()->setBaseUrl(QUrl::fromLocalFile(path));
-  setHtml(qt(browse::forStrictView(bytes.toStdString())));
+void EntryPage::open(const browse::EntryDisplay& display, int version) {
+  if (version == version_) return;
+  version_ = version;
+  shown_ = qt(display.page);
+  document()->setBaseUrl(QUrl::fromLocalFile(shown_));
+  setHtml(qt(browse::forStrictView(display.pageText, display.settings)));
 }
 
 void EntryPage::mouseDoubleClickEvent(QMouseEvent* event) {

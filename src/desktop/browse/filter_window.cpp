@@ -76,6 +76,7 @@ QGroupBox* contentBox(Dialog& dialog, frmFilter& form) {
     grid->addWidget(tick, place / 2, place % 2);
     ++place;
   }
+  grid->setRowStretch(place, 1);
   return box;
 }
 
@@ -129,12 +130,15 @@ QWidget* listBox(Dialog& dialog, frmFilter& form) {
       [&form, &dialog](const std::string& text) { form.letter = text == allLetters(dialog) ? "" : text; });
   face.onDraw([&form, &letter] { letter.setEnabled(form.letterEnabled); });
   row->addLayout(face.labelled(label::filter_letter, letter));
-  row->addLayout(face.labelled(label::filter_page_size,
-                               numberCombo(dialog, form, "PageSizeCombo", label::filter_page_size,
-                                           form.list.pageSize, {"20", "50", "100", "200", "500"}, "50")));
-  row->addLayout(face.labelled(label::filter_list_limit,
-                               numberCombo(dialog, form, "ListLimitCombo", label::filter_list_limit,
-                                           form.list.listStart, {"---"}, "---")));
+  row->addLayout(face.labelled(
+      label::filter_page_size,
+      numberCombo(dialog, form, "PageSizeCombo", label::filter_page_size, form.list.pageSize,
+                  {"50", "5", "10", "20", "30", "40", "75", "100", "200", "300", "400", "500"}, "50")));
+  row->addLayout(face.labelled(
+      label::filter_list_limit,
+      numberCombo(dialog, form, "ListLimitCombo", label::filter_list_limit, form.list.listStart,
+                  {"---", "5", "10", "20", "30", "40", "50", "75", "100", "200", "300", "400", "500"},
+                  "---")));
   row->addStretch(1);
   return box;
 }
@@ -145,17 +149,34 @@ void buildFilter(Dialog& dialog, frmFilter& form) {
   dialog.showTitle(label::filter_title);
   Face& face = dialog.face;
   dialog.isOpen = [&form] { return form.visible; };
-  dialog.close = [&form] { form.visible = false; };
+  // Who cancels finds all as it was: what stands in the boxes counts, applied or not.
+  dialog.close = [&form, meaningLevel = form.meaningLevel, properties = form.properties,
+                  subjects = form.subjects, from = form.dateFrom, to = form.dateTo, boxes = form.boxes,
+                  letter = form.letter, subEntries = form.subEntriesInReports, list = form.list] {
+    form.meaningLevel = meaningLevel;
+    form.properties = properties;
+    form.subjects = subjects;
+    form.dateFrom = from;
+    form.dateTo = to;
+    form.boxes = boxes;
+    form.letter = letter;
+    form.subEntriesInReports = subEntries;
+    form.list = list;
+    form.visible = false;
+  };
   auto* scope = new QHBoxLayout;
+  QRadioButton& entries = face.radio(
+      "EntryLevel", label::filter_entry_level, [&form] { return !form.meaningLevel; },
+      [&form] { form.meaningLevel = false; });
   QRadioButton& meanings = face.radio(
       "MeaningLevel", label::filter_meaning_level, [&form] { return form.meaningLevel; },
       [&form] { form.meaningLevel = true; });
-  scope->addWidget(&face.radio(
-      "EntryLevel", label::filter_entry_level, [&form] { return !form.meaningLevel; },
-      [&form] { form.meaningLevel = false; }));
+  scope->addWidget(&entries);
   scope->addWidget(&meanings);
   scope->addStretch(1);
-  face.onDraw([&form, &meanings] { meanings.setVisible(form.meaningLevelShown); });
+  face.onDraw([&form, &entries, &meanings] {
+    for (QRadioButton* each : {&entries, &meanings}) each->setVisible(form.meaningLevelShown);
+  });
   auto* lists = new QHBoxLayout;
   lists->addLayout(
       face.below(label::properties, tickList(dialog, "PropertyList", label::properties, form.properties)));
@@ -169,6 +190,8 @@ void buildFilter(Dialog& dialog, frmFilter& form) {
       face.labelled(label::date_to, dateBox(dialog, form, "DateTo", label::date_to, form.dateTo)));
   dates->addWidget(&face.check("SubEntries", label::filter_with_sub_entries, form.subEntriesInReports));
   dates->addStretch(1);
+  QPushButton& ok = face.button("OK", label::ok, [&form] { browse::confirmFilter(form); });
+  ok.setDefault(true);
   auto* column = new QVBoxLayout(&dialog);
   column->addLayout(scope);
   column->addLayout(lists, 1);
@@ -176,8 +199,7 @@ void buildFilter(Dialog& dialog, frmFilter& form) {
   column->addWidget(listBox(dialog, form));
   column->addLayout(
       dialog.buttonRow({&face.button("Reset", label::filter_reset, [&form] { browse::resetFilter(form); })},
-                       {&face.button("OK", label::ok, [&form] { browse::confirmFilter(form); }),
-                        &face.button("Cancel", label::cancel, [&form] { form.visible = false; })}));
+                       {&ok, &face.button("Cancel", label::cancel, dialog.close)}));
   dialog.resize(900, 560);
 }
 

@@ -1,10 +1,11 @@
 #include "desktop/browse/search_window.h"
 
-#include <QFontComboBox>
+#include <QFontInfo>
 #include <QGridLayout>
 
 #include "catalogue/label.h"
 #include "desktop/browse/result_binding.h"
+#include "desktop/kit/keys.h"
 
 namespace desktop {
 namespace {
@@ -51,6 +52,10 @@ QWidget* matchBox(Dialog& dialog, frmSearch& form) {
   QComboBox& font = face.combo(
       "FontList", label::search_font, [&form] { return form.fonts; }, [&form] { return form.searchFont; },
       [&form](const std::string& text) { form.searchFont = text; });
+  // The dictionary's font may be missing here: then the one that takes its place is told.
+  face.onDraw([&form, &font] {
+    if (font.currentIndex() < 0) font.setCurrentText(QFontInfo(fontNamed(form.searchFont)).family());
+  });
   QLabel& fontText = face.label(label::search_font);
   fontText.setBuddy(&font);
   font.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -109,7 +114,7 @@ void buildSearch(Dialog& dialog, frmSearch& form) {
     dialog.face.run([&] {
       if (form.mode == browse::SearchMode::full)
         browse::runSearch(form);
-      else if (form.jumpEnabled)
+      else if (form.jumpEnabled || (browse::hasRow(form.hits, 0) && browse::selectHit(form, 0)))
         browse::jump(form);
     });
   });
@@ -127,6 +132,11 @@ void buildSearch(Dialog& dialog, frmSearch& form) {
   const auto jump = [&dialog, &form](int) { dialog.face.run([&] { browse::jump(form); }); };
   hits->activated = jump;
   owners->activated = jump;
+  onKeys(box, {Qt::Key_Down}, [&dialog, &form, hits] {
+    if (!browse::hasRow(form.hits, 0)) return;
+    hits->setFocus();
+    if (form.hits.selected < 0) dialog.face.run([&] { browse::selectHit(form, 0); });
+  });
   auto* lists = new QHBoxLayout;
   lists->addWidget(hitBox, 3);
   lists->addWidget(ownerBox, 2);

@@ -4,11 +4,12 @@
 #include <QTabWidget>
 #include <QToolButton>
 #include <array>
+#include <utility>
 
 #include "catalogue/label.h"
 #include "desktop/entry/editor_tabs.h"
+#include "desktop/kit/heading.h"
 #include "shell/session/messages.h"
-#include "store/rows.h"
 
 namespace desktop {
 namespace {
@@ -52,6 +53,56 @@ void buildTabs(Editor editor, QTabWidget& tabs) {
   QObject::connect(&tabs, &QTabWidget::currentChanged, &editor.dialog, [editor](int index) {
     editor.face.run([&] { entry::selectTab(editor.form, static_cast<Tab>(index)); });
   });
+}
+
+struct FocusPlace {
+  entry::Focus focus;
+  const char* objectName;
+};
+constexpr FocusPlace focusPlaces[] = {
+    {entry::Focus::headword, "HeadwordBox"}, {entry::Focus::pronunciation, "PronunciationBox"},
+    {entry::Focus::linksTab, "Text7"},       {entry::Focus::linkAddress, "Text8"},
+    {entry::Focus::example, "Text5"},        {entry::Focus::attachmentName, "Text12"},
+};
+
+/// Takes the focus where the form asks for it, once. The headword of another entry is marked, to be typed
+/// over.
+void followFocus(Editor editor) {
+  editor.face.onDraw([editor, marked = std::int64_t{-1}]() mutable {
+    const entry::Focus wanted = std::exchange(editor.form.focus, entry::Focus::elsewhere);
+    const std::int64_t id = editor.face.session().entry.CurrentEntryId;
+    for (const FocusPlace& place : focusPlaces) {
+      if (place.focus != wanted) continue;
+      auto* box = editor.dialog.findChild<QLineEdit*>(place.objectName);
+      box->setFocus();
+      if (wanted == entry::Focus::headword && std::exchange(marked, id) != id) box->selectAll();
+    }
+  });
+}
+
+/// The buttons that save and close, and that save and go on, by the number of the mode.
+struct SaveButtons {
+  std::size_t close, next;
+};
+constexpr SaveButtons saveButtons[] = {{0, 0}, {2, 1}, {0, 3}, {2, 1}, {1, 1}};
+
+void addSaveKeys(Editor editor) {
+  const auto add = [editor](const char* keys, std::size_t SaveButtons::*which) {
+    auto* key = new QShortcut(QKeySequence(keys), &editor.dialog);
+    QObject::connect(key, &QShortcut::activated, &editor.dialog, [editor, which] {
+      const auto mode = static_cast<std::size_t>(editor.face.session().entry.EntryEditMode);
+      editor.face.run([&] { entry::Command1(editor.form, static_cast<int>(saveButtons[mode].*which)); });
+    });
+  };
+  add("Ctrl+S", &SaveButtons::close);
+  add("Ctrl+N", &SaveButtons::next);
+}
+
+QString keysOf(Editor editor, std::size_t button) {
+  const SaveButtons& buttons =
+      saveButtons[static_cast<std::size_t>(editor.face.session().entry.EntryEditMode)];
+  const char* keys = button == buttons.close ? "Ctrl+S" : button == buttons.next ? "Ctrl+N" : "";
+  return QKeySequence(keys).toString(QKeySequence::NativeText);
 }
 
 QLayout* buildNavigator(Editor editor) {
@@ -103,6 +154,7 @@ QHBoxLayout* buildButtons(Editor editor) {
       button->setEnabled(state.enabled);
       button->setText(qt(state.caption));
       button->setAccessibleName(qt(state.caption));
+      button->setToolTip(keysOf(editor, index));
     });
     row->addWidget(button);
   }
@@ -116,34 +168,30 @@ QHBoxLayout* buildButtons(Editor editor) {
   return row;
 }
 
-bool rightToLeft(Editor& editor, const char* field) {
-  auto row = editor.face.session().files.CurrentDB.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
-  return !row.EndOfFile() && store::truth(row[field]);
-}
-
-void language(Editor& editor, QWidget& box, const std::string& font, const char* direction) {
-  const QFont wanted = fontNamed(font);
-  box.setFont(wanted);
-  if (rightToLeft(editor, direction)) box.setLayoutDirection(Qt::RightToLeft);
+void language(QWidget& box, const std::string& font, bool fromRight) {
+  box.setFont(fontNamed(font));
+  setDirection(box, fromRight);
 }
 
 }  // namespace
 
 void asSource(Editor& editor, QWidget& box) {
-  language(editor, box, editor.face.session().project.FontFrom, "RightToLeftFrom");
+  session::Session& s = editor.face.session();
+  language(box, s.project.FontFrom, sourceFromRight(s));
 }
 void asTarget(Editor& editor, QWidget& box) {
-  language(editor, box, editor.face.session().project.FontTo, "RightToLeftTo");
+  session::Session& s = editor.face.session();
+  language(box, s.project.FontTo, targetFromRight(s));
 }
 void asNote(Editor& editor, QWidget& box) {
-  language(editor, box, editor.face.session().project.FontRemark, "RightToLeftFrom");
+  session::Session& s = editor.face.session();
+  language(box, s.project.FontRemark, sourceFromRight(s));
 }
 
 QWidget* tabPage(Editor& editor, Tab tab, QLayout* content) {
   auto* page = new QWidget(&editor.dialog);
   auto* column = new QVBoxLayout(page);
-  auto* head = new QLabel(page);
-  head->setTextFormat(Qt::PlainText);
+  auto* head = new Heading(page);
   asSource(editor, *head);
   QFont font = head->font();
   font.setPointSizeF(font.pointSizeF() * 1.3);
@@ -151,7 +199,10 @@ QWidget* tabPage(Editor& editor, Tab tab, QLayout* content) {
   head->setFont(font);
   const auto place = static_cast<std::size_t>(tab);
   head->setObjectName("CaptionLabel_" + QString::number(place));
-  editor.face.onDraw([form = &editor.form, head, place] { head->setText(qt(form->captionLabels[place])); });
+  editor.face.onDraw([form = &editor.form, head, place] {
+    head->setText(qt(form->captionLabels[place]));
+    head->setVisible(!head->text().isEmpty());
+  });
   column->addWidget(head);
   column->addLayout(qobject_cast<QLayout*>(content), 1);
   return page;
@@ -166,6 +217,8 @@ void buildEditor(Dialog& dialog, entry::frmEintrag& form) {
   auto* column = new QVBoxLayout(&dialog);
   auto* tabs = new QTabWidget(&dialog);
   buildTabs(editor, *tabs);
+  followFocus(editor);
+  addSaveKeys(editor);
   column->addWidget(tabs, 1);
   column->addLayout(buildButtons(editor));
   dialog.resize(860, 600);

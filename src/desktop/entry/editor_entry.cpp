@@ -11,29 +11,6 @@
 #include "desktop/entry/phonetic_pad.h"
 
 namespace desktop {
-namespace {
-
-/// The headword box takes the focus at the start of each visit and of each new entry.
-void followFocus(Editor editor, QLineEdit& headword, QLineEdit& pronunciation) {
-  struct Last {
-    entry::Focus focus = entry::Focus::elsewhere;
-    std::int64_t entry = -1;
-  };
-  editor.face.onDraw([editor, &headword, &pronunciation, last = std::make_shared<Last>()] {
-    const std::int64_t id = editor.face.session().entry.CurrentEntryId;
-    const entry::Focus focus = editor.form.focus;
-    if (last->focus == focus && last->entry == id) return;
-    if (focus == entry::Focus::headword) {
-      headword.setFocus();
-      if (last->entry != id) headword.selectAll();
-    }
-    if (focus == entry::Focus::pronunciation) pronunciation.setFocus();
-    *last = {focus, id};
-  });
-}
-
-}  // namespace
-
 QWidget* entryTab(Editor& editor) {
   Face& face = editor.face;
   entry::frmEintrag& form = editor.form;
@@ -76,7 +53,6 @@ QWidget* entryTab(Editor& editor) {
   auto* halves = new QHBoxLayout;
   halves->addLayout(boxes, 1);
   halves->addWidget(mediaBox(editor));
-  followFocus(editor, headword, pronunciation);
   return tabPage(editor, entry::Tab::entry, halves);
 }
 

@@ -46,6 +46,26 @@ void addBox(Face& face, QGridLayout& grid, int row, int column, int caption, QWi
   grid.addWidget(&box, row, column + 1);
 }
 
+/// Enter leads from each box to the next, and from the last to the button.
+void leadEnter(std::initializer_list<QLineEdit*> boxes, QPushButton& end) {
+  QLineEdit* before = nullptr;
+  for (QLineEdit* box : boxes) {
+    if (before != nullptr)
+      QObject::connect(before, &QLineEdit::returnPressed, box, [box] { box->setFocus(); });
+    before = box;
+  }
+  QObject::connect(before, &QLineEdit::returnPressed, &end, &QPushButton::click);
+}
+
+/// Tab goes through the controls as they stand.
+void orderTabs(std::initializer_list<QWidget*> controls) {
+  QWidget* before = nullptr;
+  for (QWidget* each : controls) {
+    if (before != nullptr) QWidget::setTabOrder(before, each);
+    before = each;
+  }
+}
+
 QHBoxLayout* rightAligned(std::initializer_list<QWidget*> buttons) {
   auto* row = new QHBoxLayout;
   row->addStretch(1);
@@ -76,23 +96,28 @@ QWidget* linksTab(Editor& editor) {
   });
   const auto selected = [&form] { return form.SelectedLinkId != 0; };
   auto* boxes = new QGridLayout;
-  addBox(face, *boxes, 0, 0, label::link_name, face.line("Text7", label::link_name, form.linkNameBox));
-  addBox(face, *boxes, 1, 0, label::link_address,
-         face.line("Text8", label::link_address, form.linkAddressBox));
-  addBox(face, *boxes, 2, 0, label::link_note, face.line("Text9", label::link_note, form.linkNoteBox));
+  QLineEdit& name = face.line("Text7", label::link_name, form.linkNameBox);
+  QLineEdit& address = face.line("Text8", label::link_address, form.linkAddressBox);
+  QLineEdit& note = face.line("Text9", label::link_note, form.linkNoteBox);
+  addBox(face, *boxes, 0, 0, label::link_name, name);
+  addBox(face, *boxes, 1, 0, label::link_address, address);
+  addBox(face, *boxes, 2, 0, label::link_note, note);
   QComboBox& rating = face.combo(
       "Combo1", label::link_rating, [] { return std::vector<std::string>{"0", "1", "2", "3", "4", "5"}; },
       [&form] { return std::to_string(form.linkRatingBox); },
       [&form](const std::string& text) { form.linkRatingBox = std::stoi(text); });
   addBox(face, *boxes, 3, 0, label::link_rating, rating);
+  QPushButton& open = commandButton(editor, "OpenLink", label::show, entry::openLink, selected);
+  QPushButton& edit = commandButton(editor, "EditLink", label::edit, entry::mnuEditURL, selected);
+  QPushButton& remove = commandButton(editor, "DeleteLink", label::remove, entry::mnuDeleteURL, selected);
+  QPushButton& save = commandButton(editor, "Command5", label::save, entry::Command5);
+  leadEnter({&name, &address, &note}, save);
+  orderTabs({&grid, &open, &edit, &remove, &name, &address, &note, &rating, &save});
   auto* column = new QVBoxLayout;
   column->addWidget(&grid, 1);
-  column->addLayout(
-      rightAligned({&commandButton(editor, "OpenLink", label::show, entry::openLink, selected),
-                    &commandButton(editor, "EditLink", label::edit, entry::mnuEditURL, selected),
-                    &commandButton(editor, "DeleteLink", label::remove, entry::mnuDeleteURL, selected)}));
+  column->addLayout(rightAligned({&open, &edit, &remove}));
   column->addLayout(boxes);
-  column->addLayout(rightAligned({&commandButton(editor, "Command5", label::save, entry::Command5)}));
+  column->addLayout(rightAligned({&save}));
   return tabPage(editor, entry::Tab::links, column);
 }
 
@@ -118,35 +143,44 @@ QWidget* attachmentsTab(Editor& editor) {
   });
   const auto selected = [&form] { return form.SelectedAttachmentId != 0; };
   auto* boxes = new QGridLayout;
-  addBox(face, *boxes, 0, 0, label::attachment_file,
-         face.line("Text11", label::attachment_file, form.attachmentFileBox));
-  boxes->addWidget(&commandButton(editor, "Command9", label::browse_files, entry::Command9), 0, 2);
-  addBox(face, *boxes, 1, 0, label::attachment_name,
-         face.line("Text12", label::attachment_name, form.attachmentNameBox));
-  addBox(face, *boxes, 2, 0, label::attachment_note,
-         face.line("Text10", label::attachment_note, form.attachmentNoteBox));
-  auto* where = new QVBoxLayout;
-  where->addWidget(&face.radio(
+  QLineEdit& file = face.line("Text11", label::attachment_file, form.attachmentFileBox);
+  QPushButton& browse = commandButton(editor, "Command9", label::browse_files, entry::Command9);
+  QLineEdit& name = face.line("Text12", label::attachment_name, form.attachmentNameBox);
+  QLineEdit& note = face.line("Text10", label::attachment_note, form.attachmentNoteBox);
+  addBox(face, *boxes, 0, 0, label::attachment_file, file);
+  boxes->addWidget(&browse, 0, 2);
+  addBox(face, *boxes, 1, 0, label::attachment_name, name);
+  addBox(face, *boxes, 2, 0, label::attachment_note, note);
+  QRadioButton& copied = face.radio(
       "Option1", label::copy_file_to_dictionary, [&form] { return form.attachmentIsCopied; },
-      [&form] { form.attachmentIsCopied = true; }));
-  where->addWidget(&face.radio(
+      [&form] { form.attachmentIsCopied = true; });
+  QRadioButton& left = face.radio(
       "Option2", label::leave_file_in_place, [&form] { return !form.attachmentIsCopied; },
-      [&form] { form.attachmentIsCopied = false; }));
+      [&form] { form.attachmentIsCopied = false; });
+  auto* where = new QVBoxLayout;
+  where->addWidget(&copied);
+  where->addWidget(&left);
+  QPushButton& open = commandButton(editor, "OpenAttachment", label::show, entry::openAttachment, selected);
+  QPushButton& edit =
+      commandButton(editor, "EditAttachment", label::edit, entry::mnuEditAttachment, selected);
+  QPushButton& remove =
+      commandButton(editor, "DeleteAttachment", label::remove, entry::mnuDeleteAttachment, selected);
+  QPushButton& save = commandButton(editor, "Command8", label::save, entry::Command8);
+  leadEnter({&file, &name, &note}, save);
+  orderTabs({&grid, &open, &edit, &remove, &file, &browse, &name, &note, &copied, &left, &save});
   auto* column = new QVBoxLayout;
   column->addWidget(&grid, 1);
-  column->addLayout(rightAligned(
-      {&commandButton(editor, "OpenAttachment", label::show, entry::openAttachment, selected),
-       &commandButton(editor, "EditAttachment", label::edit, entry::mnuEditAttachment, selected),
-       &commandButton(editor, "DeleteAttachment", label::remove, entry::mnuDeleteAttachment, selected)}));
+  column->addLayout(rightAligned({&open, &edit, &remove}));
   column->addLayout(boxes);
   column->addLayout(where);
-  column->addLayout(rightAligned({&commandButton(editor, "Command8", label::save, entry::Command8)}));
+  column->addLayout(rightAligned({&save}));
   return tabPage(editor, entry::Tab::attachments, column);
 }
 
 QWidget* crossReferencesTab(Editor& editor) {
   Grid& grid = editor.face.grid("DBGridQuerverweise", label::cross_references);
   grid.setHeads({editor.face.caption(label::cross_references)});
+  asSource(editor, grid);
   editor.face.onDraw([form = &editor.form, &grid] {
     Grid::Rows rows;
     auto& set = form->crossReferences;

@@ -137,6 +137,7 @@ QWidget* examplesTab(Editor& editor) {
 
   Grid& examples = face.grid("DataGrid1", label::examples);
   examples.setHeads({face.caption(label::example), face.caption(label::example_translation)});
+  examples.setRightToLeft({sourceFromRight(face.session()), targetFromRight(face.session())});
   examples.selected = [editor](int row) {
     editor.face.run([&] { entry::selectExample(editor.form, static_cast<std::size_t>(row)); });
   };

@@ -68,16 +68,18 @@ void buildFastEntry(Dialog& dialog, frmFastEntry& form) {
   grid->addWidget(&face.label(label::headword), 0, 0);
   const std::array<frmFastEntry::Boxes*, columns> texts = {&form.TextBox1, &form.TextBox2, &form.TextBox3,
                                                            &form.TextBox4};
-  const session::Project& project = face.session().project;
+  session::Session& s = face.session();
   Boxes boxes{};
   for (std::size_t column = 0; column < columns; ++column) {
+    const bool fromRight = column == 0 ? sourceFromRight(s) : targetFromRight(s);
     if (column > 0 && form.meaningsShown)
       grid->addWidget(new QLabel(qt(form.columnHeads[column - 1]), &dialog), 0, static_cast<int>(column));
     for (std::size_t row = 0; row < entry::fastRows; ++row) {
       const std::string objectName = "TextBox" + std::to_string(column + 1) + "_" + std::to_string(row);
       QLineEdit& box = face.line(objectName.c_str(), column == 0 ? label::headword : label::meaning,
                                  (*texts[column])[row]);
-      box.setFont(fontNamed(column == 0 ? project.FontFrom : project.FontTo));
+      box.setFont(fontNamed(column == 0 ? s.project.FontFrom : s.project.FontTo));
+      setDirection(box, fromRight);
       box.setVisible(column == 0 || form.meaningsShown);
       boxes[row][column] = &box;
       if (column == 0 || form.meaningsShown)
@@ -93,17 +95,18 @@ void buildFastEntry(Dialog& dialog, frmFastEntry& form) {
     }
   new Keys(face, form, boxes, &dialog);
   QLabel& status = face.shown("StatusLabel", [&form] { return form.statusLabel; });
-  face.onDraw([&form, boxes] {
+  QPushButton& save = face.button("Command3", label::save, [&form] { entry::Command3(form); });
+  // What the form says is followed out of the boxes and from the save button, not from what else was chosen.
+  face.onDraw([&form, boxes, &save, last = static_cast<QLineEdit*>(nullptr)]() mutable {
     QLineEdit* box = boxes[form.focusRow][form.focusColumn];
-    if (!box->hasFocus()) box->setFocus();
+    if (box != last || save.hasFocus()) box->setFocus();
+    last = box;
   });
   auto* column = new QVBoxLayout(&dialog);
   column->addLayout(grid);
   column->addStretch(1);
   column->addWidget(&face.check("Check1", label::fast_entry_check, form.Check1));
-  column->addLayout(dialog.buttonRow(
-      {&status},
-      {&face.button("Command3", label::save, [&form] { entry::Command3(form); }), &dialog.closeButton()}));
+  column->addLayout(dialog.buttonRow({&status}, {&save, &dialog.closeButton()}));
   dialog.resize(form.meaningsShown ? 860 : 460, 460);
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/kit/cells.h"
 #include "shell/session/texts.h"
 
 namespace desktop {
@@ -149,6 +150,7 @@ QListWidget& Face::list(const char* objectName, int key, std::function<std::vect
   auto* box = new QListWidget(&window_);
   name(*box, objectName, caption(key));
   box->setUniformItemSizes(true);
+  box->setItemDelegate(new Cells(box));
   onDraw([box, items = std::move(items), current = std::move(current)] {
     const std::vector<std::string> wanted = items();
     const auto textAt = [](const QListWidget& each, int row) { return each.item(row)->text(); };

@@ -4,7 +4,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
+#include <utility>
 
+#include "desktop/kit/cells.h"
 #include "desktop/kit/text.h"
 #include "store/rows.h"
 
@@ -103,8 +105,9 @@ class Grid::Model : public QAbstractTableModel {
   std::function<std::string(std::int64_t, int)> cell_;
 };
 
-Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(*this)) {
+Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(*this)), cells_(new Cells(this)) {
   setModel(model_);
+  setItemDelegate(cells_);
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setTabKeyNavigation(false);
@@ -116,6 +119,10 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(*this)) {
   horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section) {
+    // The last one stretches by itself.
+    if (!spreading_ && section + 1 < model_->columnCount()) spread_ = false;
+  });
   connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
     if (activated && !(model_->flags(index) & Qt::ItemIsEditable)) activated(index.row());
   });
@@ -124,8 +131,28 @@ Grid::Grid(QWidget* parent) : QTableView(parent), model_(new Model(*this)) {
 void Grid::setHeads(const QStringList& heads) {
   model_->setHeads(heads);
   if (heads.size() == 1 && heads.first().isEmpty()) horizontalHeader()->hide();
-  for (int column = 0; column + 1 < heads.size(); ++column)
-    setColumnWidth(column, fontMetrics().averageCharWidth() * 26);
+  spreadColumns();
+}
+
+void Grid::setRightToLeft(std::vector<bool> columns) {
+  if (cells_->rightToLeft == columns) return;
+  cells_->rightToLeft = std::move(columns);
+  viewport()->update();
+}
+
+void Grid::spreadColumns() {
+  const int count = model_->columnCount();
+  if (!spread_ || count == 0) return;
+  const int least = fontMetrics().averageCharWidth() * 20;
+  spreading_ = true;
+  for (int column = 0; column + 1 < count; ++column)
+    setColumnWidth(column, std::max(least, viewport()->width() / count));
+  spreading_ = false;
+}
+
+void Grid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  spreadColumns();
 }
 
 QStringList Grid::heads() const {

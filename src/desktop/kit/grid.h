@@ -10,6 +10,8 @@
 
 namespace desktop {
 
+class Cells;
+
 /// A table of texts. Either all rows are handed over (small tables), or only those on show are asked for
 /// (tables of any length).
 class Grid : public QTableView {
@@ -32,6 +34,9 @@ class Grid : public QTableView {
   int currentRow() const { return currentIndex().row(); }
   bool isEditing() const { return state() == EditingState; }
 
+  /// Columns whose texts run from right to left; the others run as their text does.
+  void setRightToLeft(std::vector<bool> columns);
+
   /// A row was chosen by mouse or key; only the user's doing is told.
   std::function<void(int row)> selected;
   std::function<void(int row)> activated;  ///< double click or Enter
@@ -45,10 +50,16 @@ class Grid : public QTableView {
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   class Model;
+  /// Shares the width among the columns, until the user sets one.
+  void spreadColumns();
+
   Model* model_;
+  Cells* cells_;
+  bool spread_ = true, spreading_ = false;
   bool quiet_ = false;
 };
 

@@ -4,8 +4,19 @@
 #include <QFontDatabase>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTextOption>
+
+#include "store/rows.h"
 
 namespace desktop {
+namespace {
+
+bool setting(session::Session& s, const char* field) {
+  auto row = s.files.CurrentDB.OpenRecordset("Sprache", engine::RecordsetKind::snapshot);
+  return !row.EndOfFile() && store::truth(row[field]);
+}
+
+}  // namespace
 
 QFont fontNamed(const std::string& name, bool phonetic) {
   static const QStringList installed = QFontDatabase::families();
@@ -28,6 +39,25 @@ void showText(QPlainTextEdit& box, const std::string& text) {
   // The box knows lines, the data carriage returns before them.
   const QString wanted = qt(text).replace("\r\n", "\n");
   if (box.toPlainText() != wanted) box.setPlainText(wanted);
+}
+
+bool sourceFromRight(session::Session& s) {
+  return setting(s, "RightToLeftFrom");
+}
+bool targetFromRight(session::Session& s) {
+  return setting(s, "RightToLeftTo");
+}
+
+void setDirection(QWidget& box, bool fromRight) {
+  const Qt::LayoutDirection direction = fromRight ? Qt::RightToLeft : Qt::LeftToRight;
+  box.setLayoutDirection(direction);
+  // A text of several lines asks its document, not the box.
+  if (auto* memo = qobject_cast<QPlainTextEdit*>(&box)) {
+    QTextOption option = memo->document()->defaultTextOption();
+    option.setTextDirection(fromRight ? Qt::RightToLeft : Qt::LayoutDirectionAuto);
+    option.setAlignment(fromRight ? Qt::AlignRight : Qt::AlignLeft);
+    memo->document()->setDefaultTextOption(option);
+  }
 }
 
 void name(QWidget& control, const char* objectName, const QString& accessibleName) {

@@ -25,6 +25,12 @@ QFont fontNamed(const std::string& name, bool phonetic = false);
 void showText(QLineEdit& box, const std::string& text);
 void showText(QPlainTextEdit& box, const std::string& text);
 
+/// Whether the texts of the source or the target language run from right to left, as the dictionary sets it.
+bool sourceFromRight(session::Session& s);
+bool targetFromRight(session::Session& s);
+/// Has a box read and write its texts from right to left, or from left to right.
+void setDirection(QWidget& box, bool fromRight);
+
 /// A control's documented name and what a screen reader says.
 void name(QWidget& control, const char* objectName, const QString& accessibleName);
 

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
 #include <algorithm>
 #include <set>
 
@@ -118,17 +119,7 @@ QAction* MainWindow::buildAction(const std::string& item) {
   if (item == "mnuCascade") {
     QObject::connect(action, &QAction::triggered, area_, &QMdiArea::cascadeSubWindows);
   } else if (item == "mnuTile" || item == "mnuTileVertical") {
-    QObject::connect(action, &QAction::triggered, this, [this, down = item == "mnuTile"] {
-      const QList<QMdiSubWindow*> windows = area_->subWindowList();
-      const auto count = static_cast<int>(windows.size());
-      for (int n = 0; n < count; ++n) {
-        windows[n]->showNormal();
-        const QSize size = area_->viewport()->size();
-        windows[n]->setGeometry(
-            down ? QRect(0, n * size.height() / count, size.width(), size.height() / count)
-                 : QRect(n * size.width() / count, 0, size.width() / count, size.height()));
-      }
-    });
+    QObject::connect(action, &QAction::triggered, this, [this, down = item == "mnuTile"] { tile(down); });
   } else if (item == "mnuAbout") {
     QObject::connect(action, &QAction::triggered, this,
                      [this] { app_.gate.run(formName, [this] { showAbout(app_.gate, this); }); });
@@ -138,6 +129,30 @@ QAction* MainWindow::buildAction(const std::string& item) {
                      [this, command] { app_.gate.run(formName, [&] { command(app_.frame); }); });
   }
   return action;
+}
+
+void MainWindow::tile(bool down) {
+  const QList<QMdiSubWindow*> windows = area_->subWindowList();
+  const auto count = static_cast<int>(windows.size());
+  if (count == 0) return;
+  for (QMdiSubWindow* window : windows) window->showNormal();
+  // Where the room is too small for all of them the frame scrolls along them.
+  QSize room = area_->contentsRect().size();
+  int needed = 0;
+  for (const QMdiSubWindow* window : windows) {
+    const QSize least = window->minimumSizeHint();
+    needed += std::max(down ? least.height() : least.width(), (down ? room.height() : room.width()) / count);
+  }
+  const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+  if (needed > (down ? room.height() : room.width())) (down ? room.rwidth() : room.rheight()) -= scrollBar;
+  const QSize share =
+      down ? QSize(room.width(), room.height() / count) : QSize(room.width() / count, room.height());
+  QPoint place;
+  for (QMdiSubWindow* window : windows) {
+    const QSize size = share.expandedTo(window->minimumSizeHint());
+    window->setGeometry({place, size});
+    (down ? place.ry() : place.rx()) += down ? size.height() : size.width();
+  }
 }
 
 void MainWindow::draw() {

@@ -42,6 +42,8 @@ class MainWindow : public QMainWindow {
   QAction* buildAction(const std::string& item);
   void buildToolBar();
   void buildProjectBar();
+  /// Arranges the child windows in strips, one below the other or side by side.
+  void tile(bool down);
   void draw();
   void drawRecentFiles();
   void drawProjectBar();

@@ -114,6 +114,9 @@ void buildSteps(Wizard& wizard, QTabWidget& tabs, QHBoxLayout& buttons) {
   next.setStyleSheet("QPushButton:enabled { background-color: #66ff66; color: black; }");
   QPushButton& finish =
       face.button("Command1", label::finish, [&form = wizard.form] { frame::finish(form); });
+  // Enter goes on to the next page, and ends on the last.
+  face.onDraw(
+      [&tabs, &next, &finish] { (tabs.currentIndex() + 1 < tabs.count() ? next : finish).setDefault(true); });
   QObject::connect(&tabs, &QTabWidget::currentChanged, &wizard.dialog, [&face] {
     if (!face.gate().isBusy()) face.run([] {});
   });
