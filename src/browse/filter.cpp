@@ -168,6 +168,22 @@ void FillFilterCombos(frmFilter& form) {
   if (!form.meaningLevelShown) form.meaningLevel = false;
 }
 
+FilterPanels panelsOf(session::View opener) {
+  using session::View;
+  struct Row {
+    View view;
+    FilterPanels panels;
+  };
+  static constexpr Row rows[] = {{View::frmWoerter, {false, true, true}},
+                                 {View::frmPrint, {false, false, true}},
+                                 {View::frmStatist, {false, false, false}},
+                                 {View::frmStandardReports, {true, false, true}},
+                                 {View::frmWordTrainer, {false, false, false}}};
+  const auto* found = std::ranges::find(rows, opener, &Row::view);
+  if (found == std::end(rows)) throw base::Error(5, "This view opens no filter.");
+  return found->panels;
+}
+
 void Form_Activate(frmFilter& form) {
   FillFilterCombos(form);
   excludeOpposites(form);

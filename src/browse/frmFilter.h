@@ -43,6 +43,11 @@ struct ListItem {
 /// Which of the trained words the word trainer asks for.
 enum class TrainerSelection { all, notYetLearned, wrongLastTime, neverTrained };
 
+/// The panels of the dialog that the view which opened it has a use for; scope, lists and dates always show.
+struct FilterPanels {
+  bool letterAndSubEntries = false, pageSize = false, content = false;
+};
+
 /// The dialog. It stays loaded for the whole session, and its state with it.
 struct frmFilter : platform::Form {
   explicit frmFilter(session::Session& s) : Form("frmFilter"), session(s) {}
@@ -61,6 +66,7 @@ struct frmFilter : platform::Form {
   bool subEntriesInReports = false;
   ListSettings list;  ///< the combos of page size and list limit
   TrainerSelection trainer = TrainerSelection::all;
+  session::View opener = session::View::frmWoerter;  ///< the view that it is opened from
   bool visible = false;
   std::function<std::string()> searchBox;  ///< text of the active browser's search box; empty: no browser
 
@@ -76,6 +82,8 @@ bool FilterIsActive(const frmFilter& form);
 /// The text of a view's status label.
 std::string ShowFilterStatus(const frmFilter& form);
 
+/// Throws 5 for a view that opens no filter.
+FilterPanels panelsOf(session::View opener);
 /// Makes the session's statements and questions go through this dialog, until it is destroyed.
 void attachFilter(frmFilter& form);
 /// Fills the lists, hides what the project has no use for, and makes the boxes consistent.

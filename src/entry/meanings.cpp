@@ -86,7 +86,7 @@ bool addMeaning(frmEintrag& form) {
       EigenschaftenSachgebieteAutomatischZuWortbedeutung(form, id.asInteger());
     }
     session::commitGathered(s);
-    form.meaningBox.clear();
+    meaningBoxChanged(form, {});  // the list shows all meanings again, this one among them
     SetADODC2(form, entry);
   });
 }

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QCalendarWidget>
+#include <QComboBox>
+#include <QMenu>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QToolButton>
 
 #include "windows.h"
 
@@ -84,6 +88,12 @@ TEST(Author, ACancelledFilterLeavesTheListAlone) {
   user.in("frmFilter", [&](QWidget& window) {
     user.click(window, "hasPicture");
     user.type(window, "DateFrom", "01.01.2020");
+    auto& picker = User::find<QToolButton>(window, "DatePickerFrom");
+    auto* calendar = picker.menu()->findChild<QCalendarWidget*>();
+    ASSERT_NE(calendar, nullptr);
+    Q_EMIT calendar->clicked(QDate(2021, 3, 4));
+    EXPECT_EQ(User::find<QLineEdit>(window, "DateFrom").text(), "04.03.2021");
+    EXPECT_FALSE(User::find<QComboBox>(window, "LetterCombo").isVisible()) << "the bar of letters is there";
     user.click(window, "Cancel");
   });
   user.choose("mnuChoice");

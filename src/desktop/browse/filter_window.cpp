@@ -1,7 +1,11 @@
 #include "desktop/browse/filter_window.h"
 
+#include <QCalendarWidget>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QMenu>
+#include <QToolButton>
+#include <QWidgetAction>
 
 #include "catalogue/label.h"
 #include "store/letters.h"
@@ -77,7 +81,33 @@ QGroupBox* contentBox(Dialog& dialog, frmFilter& form) {
     ++place;
   }
   grid->setRowStretch(place, 1);
+  dialog.face.onDraw([&form, box] { box->setVisible(browse::panelsOf(form.opener).content); });
   return box;
+}
+
+/// A button behind a date's box that opens a calendar and copies the day chosen there into the box.
+QToolButton* calendarOf(Dialog& dialog, const char* objectName, int caption, std::string& text) {
+  auto* button = new QToolButton(&dialog);
+  name(*button, objectName, dialog.face.caption(caption));
+  auto* menu = new QMenu(button);
+  auto* calendar = new QCalendarWidget(menu);
+  auto* action = new QWidgetAction(menu);
+  action->setDefaultWidget(calendar);
+  menu->addAction(action);
+  button->setMenu(menu);
+  button->setPopupMode(QToolButton::InstantPopup);
+  constexpr const char* form = "dd.MM.yyyy";
+  QObject::connect(menu, &QMenu::aboutToShow, calendar, [calendar, &text, form] {
+    const QDate typed = QDate::fromString(qt(text), form);
+    calendar->setSelectedDate(typed.isValid() ? typed : QDate::currentDate());
+    calendar->setFocus();
+  });
+  for (const auto chosen : {&QCalendarWidget::clicked, &QCalendarWidget::activated})
+    QObject::connect(calendar, chosen, &dialog, [&dialog, menu, &text, form](const QDate& day) {
+      menu->close();
+      dialog.face.run([&] { text = day.toString(form).toStdString(); });
+    });
+  return button;
 }
 
 QLineEdit& dateBox(Dialog& dialog, frmFilter& form, const char* objectName, int caption, std::string& text) {
@@ -113,7 +143,7 @@ const std::string& allLetters(Dialog& dialog) {
   return session::labelText(dialog.face.session(), label::all_letters);
 }
 
-QWidget* listBox(Dialog& dialog, frmFilter& form) {
+QWidget* letterPanel(Dialog& dialog, frmFilter& form) {
   Face& face = dialog.face;
   auto* box = new QWidget(&dialog);
   auto* row = new QHBoxLayout(box);
@@ -130,6 +160,17 @@ QWidget* listBox(Dialog& dialog, frmFilter& form) {
       [&form, &dialog](const std::string& text) { form.letter = text == allLetters(dialog) ? "" : text; });
   face.onDraw([&form, &letter] { letter.setEnabled(form.letterEnabled); });
   row->addLayout(face.labelled(label::filter_letter, letter));
+  row->addWidget(&face.check("SubEntries", label::filter_with_sub_entries, form.subEntriesInReports));
+  row->addStretch(1);
+  face.onDraw([&form, box] { box->setVisible(browse::panelsOf(form.opener).letterAndSubEntries); });
+  return box;
+}
+
+QWidget* pageSizePanel(Dialog& dialog, frmFilter& form) {
+  Face& face = dialog.face;
+  auto* box = new QWidget(&dialog);
+  auto* row = new QHBoxLayout(box);
+  row->setContentsMargins(0, 0, 0, 0);
   row->addLayout(face.labelled(
       label::filter_page_size,
       numberCombo(dialog, form, "PageSizeCombo", label::filter_page_size, form.list.pageSize,
@@ -140,6 +181,7 @@ QWidget* listBox(Dialog& dialog, frmFilter& form) {
                   {"---", "5", "10", "20", "30", "40", "50", "75", "100", "200", "300", "400", "500"},
                   "---")));
   row->addStretch(1);
+  face.onDraw([&form, box] { box->setVisible(browse::panelsOf(form.opener).pageSize); });
   return box;
 }
 
@@ -186,9 +228,10 @@ void buildFilter(Dialog& dialog, frmFilter& form) {
   auto* dates = new QHBoxLayout;
   dates->addLayout(
       face.labelled(label::date_from, dateBox(dialog, form, "DateFrom", label::date_from, form.dateFrom)));
+  dates->addWidget(calendarOf(dialog, "DatePickerFrom", label::date_from, form.dateFrom));
   dates->addLayout(
       face.labelled(label::date_to, dateBox(dialog, form, "DateTo", label::date_to, form.dateTo)));
-  dates->addWidget(&face.check("SubEntries", label::filter_with_sub_entries, form.subEntriesInReports));
+  dates->addWidget(calendarOf(dialog, "DatePickerTo", label::date_to, form.dateTo));
   dates->addStretch(1);
   QPushButton& ok = face.button("OK", label::ok, [&form] { browse::confirmFilter(form); });
   ok.setDefault(true);
@@ -196,7 +239,8 @@ void buildFilter(Dialog& dialog, frmFilter& form) {
   column->addLayout(scope);
   column->addLayout(lists, 1);
   column->addLayout(dates);
-  column->addWidget(listBox(dialog, form));
+  column->addWidget(letterPanel(dialog, form));
+  column->addWidget(pageSizePanel(dialog, form));
   column->addLayout(
       dialog.buttonRow({&face.button("Reset", label::filter_reset, [&form] { browse::resetFilter(form); })},
                        {&ok, &face.button("Cancel", label::cancel, dialog.close)}));
