@@ -1,5 +1,6 @@
 #include "desktop/browse/entry_page.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -45,7 +46,12 @@ QVariant EntryPage::loadResource(int, const QUrl& name) {
   const QFileInfo file(QFileInfo(path).isAbsolute() ? path : QFileInfo(shown_).dir().filePath(path));
   QFile found(file.filePath());
   if (!file.isFile() || !found.open(QIODevice::ReadOnly)) return {};
-  return found.readAll();
+  constexpr qint64 large = 500'000;  // bytes; what is smaller is decoded before anybody notices
+  if (found.size() < large) return found.readAll();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const QImage picture = QImage::fromData(found.readAll());
+  QApplication::restoreOverrideCursor();
+  return picture.isNull() ? QVariant() : QVariant(picture);
 }
 
 /// The cursor nearest to a point stands before or behind the picture that lies there.
